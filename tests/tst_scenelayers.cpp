@@ -114,12 +114,13 @@ private slots:
         connect(scene, &Scene::mediaRemoved, this, [&] { order << "mediaRemoved"; });
         connect(scene, &Scene::mediaNull, this, [&] { order << "mediaNull"; });
         connect(scene, &Scene::syncRemoved, this, [&] { order << "syncRemoved"; });
-        QVERIFY(scene->removeMedia(media->getId()));
+        const int id = media->getId();
+        QVERIFY(scene->removeMedia(id));
         disconnect(scene, nullptr, this, nullptr);
         QCOMPARE(order, QStringList({"mediaRemoved", "mediaNull", "syncRemoved", "syncRemoved"}));
         QVERIFY(scene->getAllSyncs().isEmpty());
         QVERIFY(!scene->hasCurrentMedia());
-        QVERIFY(!scene->removeMedia(media->getId() + 100));
+        QVERIFY(!scene->removeMedia(id));
     }
 
     void updateMediasLayer_data() {

@@ -1,6 +1,8 @@
 #include "app/Definitions.h"
 #include "support/TestMain.h"
 
+#include <functional>
+
 using selvora::Definitions;
 
 // The vocabulary as a damaged or old project file meets it: unknown keys and numbers fall
@@ -193,87 +195,46 @@ private slots:
     }
 
 private:
-    static int fromKey(const QString& e, const QString& key) {
-        if (e == "media")
-            return int(Definitions::getkMediaType(key));
-        if (e == "shape")
-            return int(Definitions::getkShapeType(key));
-        if (e == "layout")
-            return int(Definitions::getkLayoutType(key));
-        if (e == "hover")
-            return int(Definitions::getkHoverType(key));
-        if (e == "button")
-            return int(Definitions::getkButtonType(key));
-        if (e == "textType")
-            return int(Definitions::getkTextType(key));
-        if (e == "textAlign")
-            return int(Definitions::getkTextAlign(key));
-        if (e == "outlineWidth")
-            return int(Definitions::getkOutlineWidth(key));
-        if (e == "outlineStyle")
-            return int(Definitions::getkOutlineStyle(key));
-        if (e == "sync")
-            return int(Definitions::getkSyncType(key));
-        if (e == "action")
-            return int(Definitions::getkActionType(key));
-        if (e == "resizing")
-            return int(Definitions::getkSpatialResizingType(key));
-        return -999;
+    // Each enumeration's three conversions, reached by a name in the data rows.
+    struct Conversions {
+        std::function<int(const QString&)> fromKey;
+        std::function<int(int)> fromNumber;
+        std::function<QString(int)> legend;
+    };
+    template <typename E>
+    static Conversions conversions(E (*byKey)(const QString&), E (*byNumber)(int),
+                                   QString (*legend)(int)) {
+        return {[byKey](const QString& key) { return int(byKey(key)); },
+                [byNumber](int n) { return int(byNumber(n)); }, legend};
     }
-    static int fromNumber(const QString& e, int n) {
-        if (e == "media")
-            return int(Definitions::getkMediaType(n));
-        if (e == "shape")
-            return int(Definitions::getkShapeType(n));
-        if (e == "layout")
-            return int(Definitions::getkLayoutType(n));
-        if (e == "hover")
-            return int(Definitions::getkHoverType(n));
-        if (e == "button")
-            return int(Definitions::getkButtonType(n));
-        if (e == "textType")
-            return int(Definitions::getkTextType(n));
-        if (e == "textAlign")
-            return int(Definitions::getkTextAlign(n));
-        if (e == "outlineWidth")
-            return int(Definitions::getkOutlineWidth(n));
-        if (e == "outlineStyle")
-            return int(Definitions::getkOutlineStyle(n));
-        if (e == "sync")
-            return int(Definitions::getkSyncType(n));
-        if (e == "action")
-            return int(Definitions::getkActionType(n));
-        if (e == "resizing")
-            return int(Definitions::getkSpatialResizingType(n));
-        return -999;
+    static const Conversions& of(const QString& name) {
+        using D = Definitions;
+        static const QHash<QString, Conversions> table = {
+            {"media", conversions(&D::getkMediaType, &D::getkMediaType, &D::getkMediaTypeLegend)},
+            {"shape", conversions(&D::getkShapeType, &D::getkShapeType, &D::getkShapeTypeLegend)},
+            {"layout",
+             conversions(&D::getkLayoutType, &D::getkLayoutType, &D::getkLayoutTypeLegend)},
+            {"hover", conversions(&D::getkHoverType, &D::getkHoverType, &D::getkHoverTypeLegend)},
+            {"button",
+             conversions(&D::getkButtonType, &D::getkButtonType, &D::getkButtonTypeLegend)},
+            {"textType", conversions(&D::getkTextType, &D::getkTextType, &D::getkTextTypeLegend)},
+            {"textAlign",
+             conversions(&D::getkTextAlign, &D::getkTextAlign, &D::getkTextAlignLegend)},
+            {"outlineWidth",
+             conversions(&D::getkOutlineWidth, &D::getkOutlineWidth, &D::getkOutlineWidthLegend)},
+            {"outlineStyle",
+             conversions(&D::getkOutlineStyle, &D::getkOutlineStyle, &D::getkOutlineStyleLegend)},
+            {"sync", conversions(&D::getkSyncType, &D::getkSyncType, &D::getkSyncTypeLegend)},
+            {"action",
+             conversions(&D::getkActionType, &D::getkActionType, &D::getkActionTypeLegend)},
+            {"resizing", conversions(&D::getkSpatialResizingType, &D::getkSpatialResizingType,
+                                     &D::getkSpatialResizingTypeLegend)},
+        };
+        return *table.find(name);
     }
-    static QString legend(const QString& e, int n) {
-        if (e == "media")
-            return Definitions::getkMediaTypeLegend(n);
-        if (e == "shape")
-            return Definitions::getkShapeTypeLegend(n);
-        if (e == "layout")
-            return Definitions::getkLayoutTypeLegend(n);
-        if (e == "hover")
-            return Definitions::getkHoverTypeLegend(n);
-        if (e == "button")
-            return Definitions::getkButtonTypeLegend(n);
-        if (e == "textType")
-            return Definitions::getkTextTypeLegend(n);
-        if (e == "textAlign")
-            return Definitions::getkTextAlignLegend(n);
-        if (e == "outlineWidth")
-            return Definitions::getkOutlineWidthLegend(n);
-        if (e == "outlineStyle")
-            return Definitions::getkOutlineStyleLegend(n);
-        if (e == "sync")
-            return Definitions::getkSyncTypeLegend(n);
-        if (e == "action")
-            return Definitions::getkActionTypeLegend(n);
-        if (e == "resizing")
-            return Definitions::getkSpatialResizingTypeLegend(n);
-        return "?";
-    }
+    static int fromKey(const QString& e, const QString& key) { return of(e).fromKey(key); }
+    static int fromNumber(const QString& e, int n) { return of(e).fromNumber(n); }
+    static QString legend(const QString& e, int n) { return of(e).legend(n); }
 };
 
 SELVORA_TEST_MAIN(TestDefinitions)

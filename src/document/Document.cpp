@@ -160,30 +160,38 @@ Media* Document::loadMedia(Scene* scene, const QString& pathStart, Definitions::
     return media;
 }
 
+Sync* Document::makeSync(Scene* scene, int mediaTarget, bool isMedia, Definitions::kSyncType type,
+                         int time, const QHash<QString, QString>& properties, int id) {
+    auto* sync = new Sync(id, time, type, mediaTarget, isMedia);
+    sync->setProperties(properties);
+    // History puts a sync back under its old id, replacing the one of the same kind. Only a
+    // start, stop or link is held once per target: another set or goto is a different event.
+    const bool heldOnce =
+        type != Definitions::kSyncType::set && type != Definitions::kSyncType::goTo;
+    if (id != -1 && heldOnce && scene->hasSync(type, mediaTarget, isMedia))
+        scene->removeSync(type, mediaTarget, isMedia);
+    return sync;
+}
+
+Sync* Document::enterSync(Scene* scene, Sync* sync) {
+    if (scene->addSync(sync))
+        return sync;
+    delete sync; // merged into an existing sync, or refused
+    return nullptr;
+}
+
 Sync* Document::createSync(Scene* scene, int mediaTarget, bool isMedia, Definitions::kSyncType type,
                            int time, const QHash<QString, QString>& properties, int id) {
     if (!scene)
         return nullptr;
-    auto* sync = new Sync(id, time, type, mediaTarget, isMedia);
-    sync->setProperties(properties);
-    // History puts a sync back under its old id, replacing the one of the same kind.
-    if (id != -1 && scene->hasSync(type, mediaTarget, isMedia))
-        scene->removeSync(type, mediaTarget, isMedia);
-    if (!scene->addSync(sync)) {
-        delete sync;
-        return nullptr;
-    }
-    return sync;
+    return enterSync(scene, makeSync(scene, mediaTarget, isMedia, type, time, properties, id));
 }
 
 Sync* Document::createSync(Scene* scene, int mediaTarget, bool isMedia, Definitions::kSyncType type,
                            int time, int id) {
     if (!scene)
         return nullptr;
-    auto* sync = new Sync(id, time, type, mediaTarget, isMedia);
-    sync->setProperties({});
-    if (id != -1 && scene->hasSync(type, mediaTarget, isMedia))
-        scene->removeSync(type, mediaTarget, isMedia);
+    Sync* sync = makeSync(scene, mediaTarget, isMedia, type, time, {}, id);
     // The media in the template's regions start and stop with it.
     if (Template* templ = getTemplate(mediaTarget)) {
         for (Region* region : templ->getAllRegions()) {
@@ -193,11 +201,7 @@ Sync* Document::createSync(Scene* scene, int mediaTarget, bool isMedia, Definiti
                            scene->getMedia(mediaId)->getProperties(), -1);
         }
     }
-    if (!scene->addSync(sync)) {
-        delete sync;
-        return nullptr;
-    }
-    return sync;
+    return enterSync(scene, sync);
 }
 
 Sync* Document::loadSync(Scene* scene, int mediaTarget, bool isMedia, Definitions::kSyncType type,

@@ -184,6 +184,9 @@ private:
     Scene* makeScene(int id, const QString& label);
     Scene* sceneByOrder(bool lowest) const;
     bool swapSceneOrder(int id, bool up);
+    Sync* makeSync(Scene* scene, int mediaTarget, bool isMedia, Definitions::kSyncType type,
+                   int time, const QHash<QString, QString>& properties, int id);
+    Sync* enterSync(Scene* scene, Sync* sync);
 
     QString title_;
     QString projectDocumentVersion_;

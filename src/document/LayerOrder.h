@@ -17,35 +17,9 @@ public:
     T* first() const { return extreme(true); }
     T* last() const { return extreme(false); }
 
-    T* back(T* item) const {
-        T* result = first();
-        if (!item || result == item)
-            return result;
-        const int layer = item->getLayer().toInt();
-        for (T* other : items_) {
-            if (!other->getLayer().isEmpty()) {
-                const int l = other->getLayer().toInt();
-                if (l < layer && l > result->getLayer().toInt())
-                    result = other;
-            }
-        }
-        return result;
-    }
-
-    T* next(T* item) const {
-        T* result = last();
-        if (!item || result == item)
-            return result;
-        const int layer = item->getLayer().toInt();
-        for (T* other : items_) {
-            if (!other->getLayer().isEmpty()) {
-                const int l = other->getLayer().toInt();
-                if (l > layer && l < result->getLayer().toInt())
-                    result = other;
-            }
-        }
-        return result;
-    }
+    // The nearest object below (back) or above (next); the extreme object is its own.
+    T* back(T* item) const { return neighbour(item, true); }
+    T* next(T* item) const { return neighbour(item, false); }
 
     QList<T*> layerNull() const {
         QList<T*> result;
@@ -68,6 +42,22 @@ public:
     }
 
 private:
+    T* neighbour(T* item, bool below) const {
+        T* result = below ? first() : last();
+        if (!item || result == item)
+            return result;
+        const int layer = item->getLayer().toInt();
+        for (T* other : items_) {
+            if (other->getLayer().isEmpty())
+                continue;
+            const int l = other->getLayer().toInt();
+            const int r = result->getLayer().toInt();
+            if (below ? (l < layer && l > r) : (l > layer && l < r))
+                result = other;
+        }
+        return result;
+    }
+
     T* extreme(bool lowest) const {
         T* result = nullptr;
         for (T* item : items_) {

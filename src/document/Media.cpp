@@ -156,12 +156,7 @@ QHash<QString, QString> Media::getProperties() const {
 }
 
 QHash<QString, QString> Media::getPropertiesPx(double viewWidth, double viewHeight) const {
-    QHash<QString, QString> properties = getProperties();
-    properties.insert("left", NumberForm::of(getLeftPx(viewWidth)));
-    properties.insert("top", NumberForm::of(getTopPx(viewHeight)));
-    properties.insert("width", NumberForm::of(getWidthPx(viewWidth)));
-    properties.insert("height", NumberForm::of(getHeightPx(viewHeight)));
-    return properties;
+    return NumberForm::toPixels(getProperties(), viewWidth, viewHeight);
 }
 
 void Media::setProperties(const QHash<QString, QString>& properties) {
@@ -182,18 +177,7 @@ void Media::setProperties(const QHash<QString, QString>& properties) {
 
 void Media::setPropertiesPx(const QHash<QString, QString>& properties, double viewWidth,
                             double viewHeight) {
-    QHash<QString, QString> percent = properties;
-    const struct {
-        const char* key;
-        double view;
-    } geometry[] = {
-        {"left", viewWidth}, {"top", viewHeight}, {"width", viewWidth}, {"height", viewHeight}};
-    for (const auto& item : geometry) {
-        auto it = percent.find(QLatin1String(item.key));
-        if (it != percent.end())
-            it.value() = QString::number(it.value().toDouble() / item.view * 100, 'g', 17);
-    }
-    setProperties(percent);
+    setProperties(NumberForm::toPercent(properties, viewWidth, viewHeight));
 }
 
 void Media::emitChanged(const QHash<QString, QString>& old, Emit emits) {

@@ -46,23 +46,19 @@ bool Region::setLeft(const QString& value) {
 }
 
 bool Region::setTop(const QString& value) {
-    if (value.isNull())
-        return false;
-    storeGeometry(&Region::top_, NumberForm::of(value.toDouble()));
-    return true;
+    return setNumber(&Region::top_, value);
 }
-
 bool Region::setWidth(const QString& value) {
-    if (value.isNull())
-        return false;
-    storeGeometry(&Region::width_, NumberForm::of(value.toDouble()));
-    return true;
+    return setNumber(&Region::width_, value);
+}
+bool Region::setHeight(const QString& value) {
+    return setNumber(&Region::height_, value);
 }
 
-bool Region::setHeight(const QString& value) {
+bool Region::setNumber(QString Region::*member, const QString& value) {
     if (value.isNull())
         return false;
-    storeGeometry(&Region::height_, NumberForm::of(value.toDouble()));
+    storeGeometry(member, NumberForm::of(value.toDouble()));
     return true;
 }
 
@@ -123,24 +119,12 @@ void Region::setProperties(const QHash<QString, QString>& properties) {
 }
 
 QHash<QString, QString> Region::getPropertiesPx(double viewWidth, double viewHeight) const {
-    QHash<QString, QString> properties = getProperties();
-    properties.insert("left", NumberForm::of(getLeftPx(viewWidth)));
-    properties.insert("top", NumberForm::of(getTopPx(viewHeight)));
-    properties.insert("width", NumberForm::of(getWidthPx(viewWidth)));
-    properties.insert("height", NumberForm::of(getHeightPx(viewHeight)));
-    return properties;
+    return NumberForm::toPixels(getProperties(), viewWidth, viewHeight);
 }
 
 void Region::setPropertiesPx(const QHash<QString, QString>& properties, double viewWidth,
                              double viewHeight) {
-    QHash<QString, QString> percent = properties;
-    const double views[] = {viewWidth, viewHeight, viewWidth, viewHeight};
-    for (int i = 0; i < 4; ++i) {
-        auto it = percent.find(QLatin1String(kGeometryKeys[i]));
-        if (it != percent.end())
-            it.value() = QString::number(it.value().toDouble() / views[i] * 100, 'g', 17);
-    }
-    setProperties(percent);
+    setProperties(NumberForm::toPercent(properties, viewWidth, viewHeight));
 }
 
 bool Region::storeRelated(QString Region::*member, const QString& value) {

@@ -72,6 +72,7 @@ signals:
 
 private:
     void storeGeometry(QString Region::*member, const QString& value);
+    bool setNumber(QString Region::*member, const QString& value);
     bool storeRelated(QString Region::*member, const QString& value);
 
     static int countRegion_;

@@ -627,38 +627,29 @@ bool Scene::removeSync(Definitions::kSyncType type, int target, bool isMedia) {
     return true;
 }
 
-bool Scene::removeAllSyncs() {
-    const QList<Sync*> all = syncs_.values();
-    for (Sync* sync : all) {
+void Scene::removeSyncs(const QList<Sync*>& syncs) {
+    for (Sync* sync : syncs) {
         emit syncRemoved(sync);
         emit syncRemovedId(sync->getId());
         eraseSync(sync);
         delete sync;
     }
     emit projectModified();
+}
+
+bool Scene::removeAllSyncs() {
+    removeSyncs(syncs_.values());
     syncs_.clear();
     return true;
 }
 
 bool Scene::removeAllSyncs(int target, bool isMedia) {
-    for (Sync* sync : getAllSyncsMedia(target, isMedia)) {
-        emit syncRemoved(sync);
-        emit syncRemovedId(sync->getId());
-        eraseSync(sync);
-        delete sync;
-    }
-    emit projectModified();
+    removeSyncs(getAllSyncsMedia(target, isMedia));
     return true;
 }
 
 bool Scene::removeAllSyncs(int target, int time, bool isMedia) {
-    for (Sync* sync : getAllSyncs(target, time, isMedia)) {
-        emit syncRemoved(sync);
-        emit syncRemovedId(sync->getId());
-        eraseSync(sync);
-        delete sync;
-    }
-    emit projectModified();
+    removeSyncs(getAllSyncs(target, time, isMedia));
     return true;
 }
 

@@ -175,6 +175,7 @@ private:
     void setConnections();
     bool insertSync(Sync* sync);
     void eraseSync(Sync* sync);
+    void removeSyncs(const QList<Sync*>& syncs);
     QList<int> syncTimesOf(int target) const;
 
     static int countScene_;

@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "buffer/Buffer.h"
 #include "document/Document.h"
 
 #include <QAbstractButton>
@@ -40,6 +41,7 @@ void MainWindow::init() {
 
     // Panels are created here in a fixed order, each with (document, this); each connects
     // itself to the document in its constructor.
+    new buffer::Buffer(document_, this);
 
     createDockWidget();
 

@@ -1,3 +1,4 @@
+#include "app/MainWindow.h"
 #include "buffer/Buffer.h"
 #include "document/Document.h"
 #include "document/Media.h"
@@ -464,6 +465,20 @@ private slots:
         QVERIFY(scene->getAllSyncs(SyncType::goTo).isEmpty());
         doc->redoAction();
         QCOMPARE(scene->getAllSyncs(SyncType::goTo).size(), 1);
+    }
+
+    void windowShortcutsReachItsHistory() {
+        buffer.reset(); // the window makes its own
+        auto window = std::make_unique<selvora::MainWindow>(QString());
+        Scene* scene = current();
+        QCOMPARE(window->findChildren<Buffer*>().size(), 1);
+        QVERIFY(!window->findChildren<Buffer*>().first()->isVisibleTo(window.get()));
+        scene->setLabel("Janela");
+        QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(scene->getLabel(), QString("Cena 1"));
+        QTest::keyClick(window.get(), Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(scene->getLabel(), QString("Janela"));
+        doc->setModified(false);
     }
 
     void startOrStopPastOtherSyncs_data() {

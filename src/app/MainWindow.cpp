@@ -2,6 +2,7 @@
 
 #include "buffer/Buffer.h"
 #include "document/Document.h"
+#include "project/Project.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -41,6 +42,7 @@ void MainWindow::init() {
 
     // Panels are created here in a fixed order, each with (document, this); each connects
     // itself to the document in its constructor.
+    new project::Project(document_, this);
     new buffer::Buffer(document_, this);
 
     createDockWidget();

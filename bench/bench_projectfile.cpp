@@ -1,0 +1,203 @@
+// Saving and loading a large project against the bare XML work of the same file.
+//
+// A project of 100 scenes, each with 40 media and about 200 syncs, is saved once (copying its
+// pictures). Then, best of several runs:
+//   load  = OperationsFile::loadProject      vs  QDomDocument::setContent + walk of all elements
+//   save  = second OperationsFile::saveProject vs  building and serialising a DOM of that shape
+// Targets: both ratios under 2.
+
+#include "app/Definitions.h"
+#include "document/Document.h"
+#include "document/Media.h"
+#include "document/Scene.h"
+#include "project/OperationsFile.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDomDocument>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <limits>
+
+using selvora::Definitions;
+using selvora::document::Document;
+using selvora::document::Media;
+using selvora::document::Scene;
+using selvora::project::OperationsFile;
+
+namespace {
+
+constexpr int kScenes = 100;
+constexpr int kMediaPerScene = 40;
+constexpr int kExtraSyncsPerScene = 160; // plus one start per medium
+constexpr int kRuns = 5;
+
+qint64 best(const std::function<void()>& before, const std::function<void()>& work) {
+    qint64 fastest = std::numeric_limits<qint64>::max();
+    for (int i = 0; i < kRuns; ++i) {
+        before();
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        fastest = std::min(fastest, timer.nsecsElapsed());
+    }
+    return fastest;
+}
+
+void buildProject(Document* doc, const QString& picture) {
+    const Definitions::kMediaType types[] = {
+        Definitions::kMediaType::image, Definitions::kMediaType::text,
+        Definitions::kMediaType::shape, Definitions::kMediaType::audio};
+    for (int s = 0; s < kScenes; ++s) {
+        Scene* scene = s == 0 ? doc->getScene(-1) : doc->createScene();
+        scene->setTotalTime(120);
+        doc->setCurrentScene(scene->getId(), true);
+        QList<int> ids;
+        for (int m = 0; m < kMediaPerScene; ++m) {
+            const auto type = types[m % 4];
+            const bool file =
+                type == Definitions::kMediaType::image || type == Definitions::kMediaType::audio;
+            Media* media = doc->createMedia(scene, file ? picture : QString(), type,
+                                            QString::number(m % 52), QString("texto %1").arg(m));
+            media->setHover(QString::number(m % 10));
+            ids << media->getId();
+        }
+        for (int k = 0; k < kExtraSyncsPerScene; ++k) {
+            const int target = ids.at(k % ids.size());
+            const int time = 1 + k % 60;
+            if (k % 10 == 9)
+                doc->loadSync(scene, target, true, Definitions::kSyncType::select, time,
+                              {{"key", "49"},
+                               {"link", QString::number((s + 1) % kScenes)},
+                               {"timeEvent", "0"}});
+            else
+                doc->loadSync(scene, target, true, Definitions::kSyncType::set, time,
+                              {{"left", QString::number(k % 90)},
+                               {"top", "12.5"},
+                               {"width", "20"},
+                               {"height", "15"},
+                               {"layer", QString::number(k % 40)},
+                               {"transparency", "0"}});
+        }
+    }
+}
+
+// The file's elements in document order, to build a DOM of the same shape with no model.
+struct Node {
+    int depth;
+    QString tag;
+    QList<QPair<QString, QString>> attributes;
+};
+
+void flatten(const QDomElement& element, int depth, QList<Node>& nodes) {
+    Node node{depth, element.tagName(), {}};
+    const QDomNamedNodeMap map = element.attributes();
+    for (int i = 0; i < map.count(); ++i) {
+        const QDomAttr attribute = map.item(i).toAttr();
+        node.attributes << qMakePair(attribute.name(), attribute.value());
+    }
+    nodes << node;
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        flatten(child, depth + 1, nodes);
+}
+
+int walk(const QDomElement& element) {
+    int count = 1 + element.attributes().count();
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        count += walk(child);
+    return count;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    Definitions::setScreenSizeOverride(QSize(1600, 900));
+    QTemporaryDir temp;
+    QImage image(32, 32, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    const QString picture = temp.path() + "/foto.png";
+    image.save(picture);
+
+    Document* doc = Document::instance();
+    doc->newProject();
+    OperationsFile(doc).makeProject(temp.path() + "/grande");
+    const QString directory = doc->getProjectDirectory();
+    const QString name = doc->getProjectName();
+    const QString file = directory + "/" + name;
+    buildProject(doc, picture);
+    OperationsFile(doc).saveProject(); // copies the pictures once
+
+    QDomDocument parsed;
+    {
+        QFile in(file);
+        parsed.setContent(&in);
+    }
+    QList<Node> nodes;
+    flatten(parsed.documentElement(), 0, nodes);
+    int syncs = 0;
+    for (const Node& node : nodes)
+        syncs += node.depth == 3 ? 1 : 0;
+    std::printf("project: %d scenes, %d elements, %d actions, %lld bytes\n", kScenes,
+                int(nodes.size()), syncs, QFileInfo(file).size());
+
+    // Second save of the same model, against building and writing the same tree.
+    const qint64 save = best([] {}, [doc] { OperationsFile(doc).saveProject(); });
+    const QString floorFile = temp.path() + "/floor.xml";
+    const qint64 saveFloor =
+        best([] {},
+             [&nodes, &floorFile] {
+                 QDomDocument dom(QStringLiteral("FOLIOMARK"));
+                 QList<QDomElement> stack;
+                 for (const Node& node : nodes) {
+                     QDomElement element = dom.createElement(node.tag);
+                     for (const auto& attribute : node.attributes)
+                         element.setAttribute(attribute.first, attribute.second);
+                     while (stack.size() > node.depth)
+                         stack.removeLast();
+                     if (stack.isEmpty())
+                         dom.appendChild(element);
+                     else
+                         stack.last().appendChild(element);
+                     stack << element;
+                 }
+                 QFile out(floorFile);
+                 out.open(QIODevice::WriteOnly);
+                 QTextStream stream(&out);
+                 stream.setCodec("UTF-8");
+                 stream << dom.toString(1);
+             });
+
+    // Load through the reader, against parsing and walking the same file.
+    const qint64 load = best(
+        [doc, &directory, &name] {
+            doc->clearDocument();
+            doc->setProjectDirectory(directory);
+            doc->setProjectName(name);
+        },
+        [doc] { OperationsFile(doc).loadProject(); });
+    int walked = 0;
+    const qint64 loadFloor = best([] {},
+                                  [&file, &walked] {
+                                      QDomDocument dom;
+                                      QFile in(file);
+                                      dom.setContent(&in);
+                                      walked = walk(dom.documentElement());
+                                  });
+
+    std::printf("load : %8.1f ms   floor %8.1f ms   ratio %.2f   (target < 2)\n", load / 1e6,
+                loadFloor / 1e6, double(load) / loadFloor);
+    std::printf("save : %8.1f ms   floor %8.1f ms   ratio %.2f   (target < 2)\n", save / 1e6,
+                saveFloor / 1e6, double(save) / saveFloor);
+    return walked > 0 ? 0 : 1;
+}

@@ -4,6 +4,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "support/MediaFixtures.h"
 #include "support/TestMain.h"
 
 #include <QDomElement>
@@ -105,10 +106,8 @@ private:
 
 private slots:
     void initTestCase() {
-        QImage image(40, 30, QImage::Format_RGB32);
-        image.fill(Qt::blue);
-        picture = dir.filePath("figura.png");
-        QVERIFY(image.save(picture));
+        picture = selvora::test::MediaFixtures::makeImage(dir.path(), "figura.png", QSize(40, 30), Qt::blue);
+        QVERIFY(!picture.isEmpty());
     }
 
     void init() {

@@ -3,6 +3,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "support/MediaFixtures.h"
 #include "support/TestMain.h"
 
 #include <QImage>
@@ -239,10 +240,8 @@ private:
 
 private slots:
     void initTestCase() {
-        QImage image(64, 48, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
-        picture = dir.filePath("quadro.png");
-        QVERIFY(image.save(picture));
+        picture = selvora::test::MediaFixtures::makeImage(dir.path(), "quadro.png", QSize(64, 48), Qt::darkGreen);
+        QVERIFY(!picture.isEmpty());
     }
 
     void init() {

@@ -87,7 +87,7 @@ private slots:
     void timerDrivesTheClock() {
         scene->getTimer()->setInterval(1000);
         scene->playScene();
-        QTRY_COMPARE_WITH_TIMEOUT(scene->getCurrentTime(), 1, 2500);
+        QTRY_COMPARE_WITH_TIMEOUT(scene->getCurrentTime(), 1, 15000);
         scene->pauseScene();
     }
 

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -37,9 +38,14 @@ void ModalAnswerer::answerFileDialog(const QString& path) {
         auto* dialog = qobject_cast<QFileDialog*>(widget);
         if (!dialog)
             return QString();
-        if (auto* edit = dialog->findChild<QLineEdit*>("fileNameEdit"))
-            edit->setText(path);
-        dialog->selectFile(path);
+        // Typed into the name box, as a user does. QFileDialog::selectFile is no stand-in: for a
+        // path under something that is not a folder it moves the dialog into that path only
+        // when its file model happens to know it, and otherwise drops the leading slash and
+        // returns the path glued onto the folder it was showing.
+        auto* edit = dialog->findChild<QLineEdit*>("fileNameEdit");
+        if (!edit)
+            return QString();
+        edit->setText(path);
         QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
         return path;
     });
@@ -104,6 +110,8 @@ void ModalAnswerer::poll() {
             return; // already answered, waiting for it to close
     }
     handled_.append(widget);
+    // Answered: skipped until it hides (a kept dialog may be shown again) or goes.
+    widget->installEventFilter(this);
     connect(widget, &QWidget::destroyed, this,
             [this]() { handled_.removeAll(QPointer<QWidget>()); });
 
@@ -132,12 +140,14 @@ void ModalAnswerer::poll() {
         }
     }
     seen_.append(seen);
-    // The same widget may be shown again later (a dialog kept and re-executed): forget it once
-    // it is hidden.
-    QTimer::singleShot(200, this, [this, widget = QPointer<QWidget>(widget)]() {
-        if (!widget || !widget->isVisible())
-            handled_.removeAll(widget);
-    });
+}
+
+bool ModalAnswerer::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide) {
+        watched->removeEventFilter(this);
+        handled_.removeAll(QPointer<QWidget>(static_cast<QWidget*>(watched)));
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 bool ModalAnswerer::waitAllAnswered(int timeoutMs) {

@@ -53,6 +53,9 @@ public:
     static bool pressButton(QWidget* widget, const QString& text);
     static QString describeText(QWidget* widget);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void poll();
 

@@ -6,6 +6,7 @@
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
+#include <QSplashScreen>
 #include <QTemporaryDir>
 
 using selvora::MainWindow;
@@ -40,6 +41,16 @@ private slots:
         QCOMPARE(window->windowTitle(), QString("/home/prof/aula.svproj"));
     }
 
+    // The splash shows from the start until the window is on the screen, and not a moment more.
+    void splashUntilTheWindowShows() {
+        QSplashScreen* splash = nullptr;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            splash = splash ? splash : qobject_cast<QSplashScreen*>(top);
+        QVERIFY(splash && splash->isVisible());
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        QTRY_VERIFY(!splash->isVisible());
+    }
+
     void shortcutsReachTheDocument_data() {
         QTest::addColumn<int>("key");
         QTest::addColumn<int>("modifiers");
@@ -65,8 +76,8 @@ private slots:
 
     void closingUnmodifiedAsksNothing() {
         ModalAnswerer answerer;
+        // A box would be run inside close(): once it returns, there was none.
         QVERIFY(window->close());
-        QTest::qWait(50);
         QVERIFY(answerer.seen().isEmpty());
     }
 

@@ -16,6 +16,7 @@
 #include <QPixmap>
 #include <QSplashScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace selvora {
 
@@ -38,7 +39,6 @@ void MainWindow::init() {
     document_->newProject();
     setDocumentConnections();
     loadSettings();
-    splash_->finish(window());
 
     // Panels are created here in a fixed order, each with (document, this); each connects
     // itself to the document in its constructor.
@@ -69,6 +69,19 @@ void MainWindow::init() {
     else
         setWindowTitle(tr("Sem Título.svproj"));
     showMaximized();
+    // The splash stays until the window is on the screen. QSplashScreen::finish would wait for
+    // that in a loop of its own, for up to a second; the window's first exposure tells it at no
+    // cost.
+    windowHandle()->installEventFilter(this);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle() && event->type() == QEvent::Expose &&
+        windowHandle()->isExposed()) {
+        watched->removeEventFilter(this);
+        splash_->close();
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::setDocumentConnections() {

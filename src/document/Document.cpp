@@ -7,6 +7,8 @@
 #include "document/Template.h"
 #include "spatialview/LayoutItem.h"
 
+#include <algorithm>
+
 namespace selvora {
 namespace document {
 
@@ -260,13 +262,9 @@ Template* Document::getTemplate(int id) const {
 
 QList<Scene*> Document::getSceneAllInOrder() const {
     QList<Scene*> scenes = scenes_.values();
-    // An exchange sort: for equal orders the result follows the hash.
-    for (int i = 0; i < scenes.size(); ++i) {
-        for (int j = i + 1; j < scenes.size(); ++j) {
-            if (scenes.at(i)->getOrder() > scenes.at(j)->getOrder())
-                scenes.swapItemsAt(i, j);
-        }
-    }
+    // Stable, so that equal orders follow the hash; runs after every load, whatever its size.
+    std::stable_sort(scenes.begin(), scenes.end(),
+                     [](const Scene* a, const Scene* b) { return a->getOrder() < b->getOrder(); });
     return scenes;
 }
 
@@ -391,15 +389,18 @@ bool Document::addSceneBuffer(Scene* scene) {
 }
 
 void Document::addPathMedia(const QString& path) {
-    if (path.isEmpty() || pathMedia_.contains(path, Qt::CaseSensitive))
+    // The set answers "already listed" at once: a load registers every medium's path.
+    if (path.isEmpty() || pathMediaIndex_.contains(path))
         return;
     pathMedia_.append(path);
+    pathMediaIndex_.insert(path);
     emit pathAdded(path);
 }
 
 void Document::removePathMedia(const QString& path) {
     emit pathRemoved(path);
-    pathMedia_.removeOne(path);
+    if (pathMedia_.removeOne(path))
+        pathMediaIndex_.remove(path);
 }
 
 void Document::clearDocument() {
@@ -418,6 +419,7 @@ void Document::clearDocument() {
     lastDirectory_ = QString();
     currentScene_ = -1;
     pathMedia_.clear();
+    pathMediaIndex_.clear();
     scenes_ = QHash<int, Scene*>();
     hasMediaBuffer_ = false;
     hasSceneBuffer_ = false;
@@ -462,8 +464,17 @@ void Document::insertStandardLayouts(Template* templ, Definitions::kLayoutType l
 }
 
 void Document::setSceneConnections(Scene* scene) {
-    connect(scene, &Scene::documentChangeSceneTime, this,
-            [this](int id, int time) { setCurrentSceneTime(id, time); });
+    // Queued: the jump plays the target scene, whose second may jump again; entered from the
+    // event loop, a chain of jumps (even a scene that jumps to itself) never grows the stack.
+    // A jump whose scene is gone by then is dropped.
+    QPointer<Scene> source(scene);
+    connect(
+        scene, &Scene::documentChangeSceneTime, this,
+        [this, source](int id, int time) {
+            if (source)
+                setCurrentSceneTime(id, time);
+        },
+        Qt::QueuedConnection);
 }
 
 void Document::setSceneDisconnections(Scene* scene) {

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -205,6 +206,7 @@ private:
     QString lastDirectory_;
     Definitions::kPlayerStatus status_ = Definitions::kPlayerStatus::stop;
     QStringList pathMedia_;
+    QSet<QString> pathMediaIndex_;
     QPointer<Media> mediaBuffer_;
     bool hasMediaBuffer_ = false;
     QPointer<Scene> sceneBuffer_;

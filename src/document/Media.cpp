@@ -4,8 +4,10 @@
 #include "document/NumberForm.h"
 
 #include <QColor>
+#include <QFileInfo>
 #include <QFont>
 #include <QImageReader>
+#include <QMetaMethod>
 
 #include <iterator>
 
@@ -101,7 +103,9 @@ Media::~Media() = default;
 // The picture keeps its natural size when it fits; a tall one takes the default height, a wide
 // one the default width, and the other side follows the file's proportion.
 void Media::applyImageDefaults(double viewWidth, double viewHeight) {
-    const QSize size = QImageReader(pathStart_).size();
+    // Only a regular file is read: a device or a pipe would block here for ever.
+    const QSize size =
+        QFileInfo(pathStart_).isFile() ? QImageReader(pathStart_).size() : QSize(-1, -1);
     const double w = size.width();
     const double h = size.height();
     if (w < viewWidth && h < viewHeight) {
@@ -159,8 +163,20 @@ QHash<QString, QString> Media::getPropertiesPx(double viewWidth, double viewHeig
     return NumberForm::toPixels(getProperties(), viewWidth, viewHeight);
 }
 
+// The property signals carry whole hashes; with no one listening (a medium being built or
+// loaded) they are not built at all.
+bool Media::propertiesWatched() const {
+    static const QMetaMethod news =
+        QMetaMethod::fromSignal(QOverload<QHash<QString, QString>>::of(&Media::propertiesChanged));
+    static const QMetaMethod changes = QMetaMethod::fromSignal(
+        QOverload<int, QHash<QString, QString>, QHash<QString, QString>>::of(
+            &Media::propertiesChanged));
+    return isSignalConnected(news) || isSignalConnected(changes);
+}
+
 void Media::setProperties(const QHash<QString, QString>& properties) {
-    const QHash<QString, QString> old = getProperties();
+    const bool watched = propertiesWatched();
+    const QHash<QString, QString> old = watched ? getProperties() : QHash<QString, QString>();
     for (const Key& key : kKeys) {
         if (!key.settable)
             continue;
@@ -170,6 +186,8 @@ void Media::setProperties(const QHash<QString, QString>& properties) {
         this->*key.member = key.geometry ? NumberForm::of(it.value().toDouble()) : it.value();
     }
     // No projectModified: the player applies syncs through here on every tick.
+    if (!watched)
+        return;
     const QHash<QString, QString> now = getProperties();
     emit propertiesChanged(now);
     emit propertiesChanged(id_, old, now);
@@ -181,11 +199,12 @@ void Media::setPropertiesPx(const QHash<QString, QString>& properties, double vi
 }
 
 void Media::emitChanged(const QHash<QString, QString>& old, Emit emits) {
-    const QHash<QString, QString> now = getProperties();
-    emit propertiesChanged(now);
-    if (emits == Emit::newOnly)
-        return;
-    emit propertiesChanged(id_, old, now);
+    if (propertiesWatched()) {
+        const QHash<QString, QString> now = getProperties();
+        emit propertiesChanged(now);
+        if (emits != Emit::newOnly)
+            emit propertiesChanged(id_, old, now);
+    }
     if (emits == Emit::bothModified)
         emit projectModified();
 }
@@ -193,7 +212,8 @@ void Media::emitChanged(const QHash<QString, QString>& old, Emit emits) {
 bool Media::store(QString Media::*member, const QString& value, Emit emits) {
     if (value.isNull())
         return false;
-    const QHash<QString, QString> old = getProperties();
+    const QHash<QString, QString> old =
+        propertiesWatched() ? getProperties() : QHash<QString, QString>();
     this->*member = value;
     emitChanged(old, emits);
     return true;
@@ -262,7 +282,8 @@ bool Media::setGeometry(const QString& value) {
         return false;
     geometry_ = value;
     emit geometryChanged(id_);
-    emit propertiesChanged(getProperties());
+    if (propertiesWatched())
+        emit propertiesChanged(getProperties());
     emit projectModified();
     return true;
 }

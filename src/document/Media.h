@@ -102,6 +102,7 @@ private:
     enum class Emit { newOnly, both, bothModified };
     bool store(QString Media::*member, const QString& value, Emit emits);
     void emitChanged(const QHash<QString, QString>& old, Emit emits);
+    bool propertiesWatched() const;
     void applyImageDefaults(double viewWidth, double viewHeight);
     void centre(double viewWidth, double viewHeight);
 

@@ -2,6 +2,8 @@
 
 #include "document/IdCounter.h"
 
+#include <QMetaMethod>
+
 namespace selvora {
 namespace document {
 
@@ -46,15 +48,25 @@ QHash<QString, QString> Sync::getProperties() const {
 }
 
 void Sync::setProperties(const QHash<QString, QString>& properties) {
-    const QHash<QString, QString> old = getProperties();
+    // The signals carry whole hashes; with no one listening (a sync being loaded) they are
+    // not built at all.
+    static const QMetaMethod news =
+        QMetaMethod::fromSignal(QOverload<QHash<QString, QString>>::of(&Sync::propertiesChanged));
+    static const QMetaMethod changes = QMetaMethod::fromSignal(
+        QOverload<int, QHash<QString, QString>, QHash<QString, QString>>::of(
+            &Sync::propertiesChanged));
+    const bool watched = isSignalConnected(news) || isSignalConnected(changes);
+    const QHash<QString, QString> old = watched ? getProperties() : QHash<QString, QString>();
     for (const Key& key : kKeys) {
         const auto it = properties.constFind(QLatin1String(key.name));
         if (it != properties.constEnd())
             this->*key.member = it.value();
     }
-    const QHash<QString, QString> now = getProperties();
-    emit propertiesChanged(now);
-    emit propertiesChanged(id_, old, now);
+    if (watched) {
+        const QHash<QString, QString> now = getProperties();
+        emit propertiesChanged(now);
+        emit propertiesChanged(id_, old, now);
+    }
     emit projectModified();
 }
 

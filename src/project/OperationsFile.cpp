@@ -6,6 +6,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "project/ProjectReader.h"
 #include "project/ProjectXml.h"
 
 #include <QDateTime>
@@ -55,31 +56,6 @@ const StoreFolder& storeFolder(MediaType type) {
 QString storedBaseName(const Media* media) {
     return QStringLiteral("Midia_%1").arg(media->getId() + 1);
 }
-
-// A meta element carries one fact; the reader takes the first of these names it finds.
-struct MetaField {
-    const char* name;
-    void (*read)(Document*, const QDomElement&);
-};
-const MetaField kMetaFields[] = {
-    {"software-version",
-     [](Document* d, const QDomElement& e) {
-         d->setProjectSoftwareVersion(e.attribute(QStringLiteral("software-version")));
-     }},
-    {"language",
-     [](Document* d, const QDomElement& e) {
-         d->setProjectLanguage(e.attribute(QStringLiteral("language")));
-     }},
-    {"date-build",
-     [](Document* d, const QDomElement& e) {
-         d->setProjectDate(e.attribute(QStringLiteral("date-build")));
-     }},
-    {"view-width",
-     [](Document* d, const QDomElement& e) {
-         d->setProjectViewWidth(ProjectXml::readInt(e.attribute(QStringLiteral("view-width"))));
-         d->setProjectViewHeight(ProjectXml::readInt(e.attribute(QStringLiteral("view-height"))));
-     }},
-};
 
 QString buildDate(const Document* document) {
     const QStringList dates = document->getProjectDate();
@@ -141,7 +117,8 @@ bool OperationsFile::saveMedia(Scene* scene, Media* media) {
 
     const QString source = media->getPathStart();
     QFile input(source);
-    if (!input.open(QIODevice::ReadOnly)) {
+    // Only a regular file is copied: reading a device or a pipe may never end.
+    if (!QFileInfo(source).isFile() || !input.open(QIODevice::ReadOnly)) {
         emit saveReport(QStringLiteral("readError"), source);
         return false;
     }
@@ -197,6 +174,15 @@ bool OperationsFile::isInProjectStore(const QString& path) const {
            info.fileName().startsWith(QFileInfo(project).fileName() + QStringLiteral("Midia_"));
 }
 
+QString OperationsFile::sourceInFile(const QString& directory, const QString& pathProject) {
+    // Inside the folder the path is kept whole, whatever its depth, so that a file read back
+    // names the same place; stored media are three parts deep and read the same either way.
+    const QString folder = QDir::cleanPath(directory) + QLatin1Char('/');
+    if (!directory.isEmpty() && pathProject.startsWith(folder))
+        return QLatin1Char('/') + pathProject.mid(folder.size());
+    return projectRelativePath(pathProject);
+}
+
 QString OperationsFile::projectRelativePath(const QString& pathProject) {
     const QStringList parts = pathProject.split(QLatin1Char('/'));
     QString src;
@@ -241,15 +227,17 @@ void OperationsFile::saveProject(bool finish) {
                 emit finished();
                 return;
             }
-            ProjectXml::appendMedia(doc, sceneElement, media,
-                                    projectRelativePath(media->getPathProject()));
+            ProjectXml::appendMedia(
+                doc, sceneElement, media,
+                sourceInFile(document_->getProjectDirectory(), media->getPathProject()));
             // The bar moves per scene: the numerator is the same for all its media.
             emit progress((base + 1) * 100 / (medias.size() + sceneCount * 10));
         }
         ProjectXml::appendSyncGroups(doc, sceneElement, scene, scene->getAllSyncs(), true, counter);
     }
 
-    const QString text = doc.toString(1);
+    // Whatever was typed, the file holds only what XML can hold, so that it opens again.
+    const QString text = ProjectXml::xmlText(doc.toString(1));
     QFile file(QDir::toNativeSeparators(document_->getProjectDirectory() + QLatin1Char('/') +
                                         document_->getProjectName()));
     // An unwritable file is not reported: the stream writes nothing and the save goes on.
@@ -268,84 +256,9 @@ void OperationsFile::saveProject(bool finish) {
 
 QString OperationsFile::loadProject() {
     emit titleProgress(tr("Carregando"));
-
-    const QFileInfo fileInfo(document_->getProjectDirectory() + QLatin1Char('/') +
-                             document_->getProjectName());
-    const QString basePath = fileInfo.absolutePath();
-    QDomDocument doc;
-    {
-        QFile file(fileInfo.filePath());
-        const bool parsed = doc.setContent(&file);
-        file.close();
-        if (!parsed) {
-            const QString report = QStringLiteral("openError");
-            emit loadReport(report);
-            emit finished();
-            return report;
-        }
-    }
-
-    const QDomElement root = doc.documentElement();
-    if (root.hasAttribute(QStringLiteral("version")))
-        document_->setProjectDocumentVersion(root.attribute(QStringLiteral("version")));
-
-    const QDomNodeList metas = doc.elementsByTagName(QStringLiteral("meta"));
-    for (int i = 0; i < metas.size(); ++i) {
-        const QDomElement meta = metas.item(i).toElement();
-        for (const MetaField& field : kMetaFields) {
-            if (meta.hasAttribute(QLatin1String(field.name))) {
-                field.read(document_, meta);
-                break;
-            }
-        }
-    }
-
-    const QDomNodeList scenes = doc.elementsByTagName(QStringLiteral("scene"));
-    const int sceneCount = scenes.size();
-    if (sceneCount == 0) {
-        const QString report = QStringLiteral("noScenes");
-        emit loadReport(report);
-        emit finished();
-        return report;
-    }
-
-    const QString kSync = QStringLiteral("sync");
-    const int viewHeight = Definitions::getViewHeight();
-    const int savedViewHeight = document_->getProjectViewHeight();
-    for (int i = 0; i < sceneCount; ++i) {
-        const QDomElement sceneElement = scenes.item(i).toElement();
-        const int id = ProjectXml::readId(sceneElement.attribute(QStringLiteral("id")),
-                                          QStringLiteral("scene_"));
-        Scene* scene = document_->loadScene(
-            id, ProjectXml::readInt(sceneElement.attribute(QStringLiteral("order"))), 0,
-            ProjectXml::readInt(sceneElement.attribute(QStringLiteral("time"))),
-            sceneElement.attribute(QStringLiteral("label")));
-
-        // Media precede syncs in the file, so that a sync finds the medium it names.
-        for (QDomElement child = sceneElement.firstChildElement(); !child.isNull();
-             child = child.nextSiblingElement()) {
-            if (child.tagName() == kSync) {
-                const int time = ProjectXml::readInt(child.attribute(QStringLiteral("time")));
-                for (QDomElement action = child.firstChildElement(); !action.isNull();
-                     action = action.nextSiblingElement()) {
-                    const ProjectXml::ActionRecord record = ProjectXml::readAction(action);
-                    document_->loadSync(scene, record.target, true, record.type, time,
-                                        record.properties, -1);
-                }
-                continue;
-            }
-            ProjectXml::MediaRecord record = ProjectXml::readMedia(child);
-            const QString path = basePath + record.src;
-            QString& fontSize = record.properties[QStringLiteral("fontSize")];
-            fontSize = ProjectXml::rescaleFontSize(fontSize, viewHeight, savedViewHeight);
-            document_->loadMedia(scene, path, record.type, record.id, record.label,
-                                 record.properties, path);
-        }
-        scene->executeSyncs(0, true, Definitions::kSyncType::goTo);
-        emit progress(1000 * (i + 1) / (sceneCount * 10));
-    }
-
-    const QString report = QStringLiteral("noError");
+    ProjectReader reader(document_, [this](int value) { emit progress(value); });
+    const QString report = reader.read(document_->getProjectDirectory() + QLatin1Char('/') +
+                                       document_->getProjectName());
     emit loadReport(report);
     emit finished();
     return report;

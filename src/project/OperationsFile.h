@@ -31,6 +31,9 @@ public:
 
     // The last three parts of a stored path, each preceded by "/": what `src` holds.
     static QString projectRelativePath(const QString& pathProject);
+    // What `src` holds: the path below the project folder when the medium lies in it, the last
+    // three parts otherwise.
+    static QString sourceInFile(const QString& directory, const QString& pathProject);
 
 public slots:
     void saveProject(bool finish = true);

@@ -4,6 +4,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "project/OperationsFile.h"
+#include "project/ProjectScan.h"
 
 #include <QDialog>
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QSettings>
@@ -213,8 +215,9 @@ void Project::load(const QString& path) {
     if (path.isEmpty() || !path.endsWith(kExtension))
         return;
     {
+        // Opening a pipe or a device for a look could block for ever: only a regular file.
         QFile probe(path);
-        if (!probe.open(QIODevice::ReadOnly))
+        if (!QFileInfo(path).isFile() || !probe.open(QIODevice::ReadOnly))
             return;
     }
     const QFileInfo info(path);
@@ -247,6 +250,11 @@ void Project::loadReport(const QString& report) {
         document_->newProject();
         return;
     }
+    if (report == QLatin1String("sizeError")) {
+        QMessageBox::critical(nullptr, tr("Erro"), sizeLimitText());
+        document_->newProject();
+        return;
+    }
     if (report == QLatin1String("noScenes")) {
         QMessageBox::information(nullptr, tr("Atenção"), tr("Esse projeto não possui cenas."));
         document_->newProject();
@@ -255,6 +263,14 @@ void Project::loadReport(const QString& report) {
     const QList<Scene*> ordered = document_->getSceneAllInOrder();
     changeScene(ordered.isEmpty() ? nullptr : ordered.first());
     document_->openProject();
+}
+
+QString Project::sizeLimitText() {
+    const QLocale brazil(QLocale::Portuguese, QLocale::Brazil);
+    return tr("O projeto é grande demais para ser aberto: o limite é de %1 MB e de %2 "
+              "elementos.")
+        .arg(ProjectScan::kMaxFileBytes / (1024 * 1024))
+        .arg(brazil.toString(ProjectScan::kMaxElements));
 }
 
 void Project::saveReport(const QString& kind, const QString& path) {

@@ -32,6 +32,8 @@ public:
     ~Project() override;
 
     QDialog* getProgressDialog() const { return progressDialog_; }
+    // What the user reads when a file passes the reader's limits; the limits are named in it.
+    static QString sizeLimitText();
 
 public slots:
     void save();

@@ -93,14 +93,42 @@ QString fromWord(Word word, const QString& text) {
     return QString::number(conversion(word).value(text));
 }
 
-void readAttribute(const QDomElement& element, const MediaAttribute& attribute,
+// Reads one look attribute through the given lookup of attribute values by name.
+template <typename Lookup>
+void readAttribute(const Lookup& lookup, const MediaAttribute& attribute,
                    QHash<QString, QString>& properties) {
     const QString name = QLatin1String(attribute.name);
-    QString value = element.attribute(name);
+    QString value = lookup(name);
     // A NUL cannot be held by the canvas's text: the wording ends at the first one.
     if (attribute.getter == &Media::getWording)
         value = QString::fromUtf8(value.toUtf8().constData());
     properties.insert(name, fromWord(attribute.word, value));
+}
+
+template <typename Lookup>
+ProjectXml::MediaRecord readMediaWith(const QString& tag, Lookup lookup) {
+    ProjectXml::MediaRecord record;
+    record.type = Definitions::getkMediaType(tag);
+    record.id = ProjectXml::readId(lookup(QStringLiteral("id")), QStringLiteral("media_"));
+    record.src = lookup(QStringLiteral("src"));
+    record.label = lookup(QStringLiteral("label"));
+    record.properties.reserve(12);
+    readAttribute(lookup, kHoverAttribute, record.properties);
+    for (const MediaAttribute& attribute : kLookAttributes)
+        readAttribute(lookup, attribute, record.properties);
+    return record;
+}
+
+ProjectXml::ActionRecord actionWith(const QString& tag, const QString& target) {
+    ProjectXml::ActionRecord record;
+    record.type = Definitions::getkSyncType(tag);
+    record.target = target.isEmpty() ? -1 : ProjectXml::readInt(target);
+    return record;
+}
+
+bool isXmlChar(uint code) {
+    return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF) ||
+           (code >= 0xE000 && code <= 0xFFFD);
 }
 
 const QString kKey = QStringLiteral("key");
@@ -129,16 +157,15 @@ QDomElement ProjectXml::appendMedia(QDomDocument& doc, QDomElement& parent, cons
 }
 
 ProjectXml::MediaRecord ProjectXml::readMedia(const QDomElement& element) {
-    MediaRecord record;
-    record.type = Definitions::getkMediaType(element.tagName());
-    record.id = readId(element.attribute(QStringLiteral("id")), QStringLiteral("media_"));
-    record.src = element.attribute(QStringLiteral("src"));
-    record.label = element.attribute(QStringLiteral("label"));
-    record.properties.reserve(12);
-    readAttribute(element, kHoverAttribute, record.properties);
-    for (const MediaAttribute& attribute : kLookAttributes)
-        readAttribute(element, attribute, record.properties);
-    return record;
+    return readMediaWith(element.tagName(),
+                         [&element](const QString& name) { return element.attribute(name); });
+}
+
+ProjectXml::MediaRecord ProjectXml::readMedia(const QString& tag,
+                                              const QXmlStreamAttributes& attributes) {
+    return readMediaWith(tag, [&attributes](const QString& name) {
+        return ProjectXml::attribute(attributes, name);
+    });
 }
 
 void ProjectXml::appendSyncGroups(QDomDocument& doc, QDomElement& sceneElement, const Scene* scene,
@@ -191,19 +218,39 @@ bool ProjectXml::appendAction(QDomDocument& doc, QDomElement& group, const Sync*
 }
 
 ProjectXml::ActionRecord ProjectXml::readAction(const QDomElement& element) {
-    ActionRecord record;
-    record.type = Definitions::getkSyncType(element.tagName());
-    const QString target = element.attribute(QStringLiteral("target"));
-    record.target = target.isEmpty() ? -1 : readInt(target);
+    ActionRecord record =
+        actionWith(element.tagName(), element.attribute(QStringLiteral("target")));
     for (QDomElement property = element.firstChildElement(QStringLiteral("property"));
-         !property.isNull(); property = property.nextSiblingElement(QStringLiteral("property"))) {
-        const QString name = property.attribute(QStringLiteral("name"));
-        QString value = property.attribute(QStringLiteral("value"));
-        if (name == kKey)
-            value = QString::number(int(Definitions::getkButtonType(value)));
-        record.properties.insert(name, value);
-    }
+         !property.isNull(); property = property.nextSiblingElement(QStringLiteral("property")))
+        readProperty(record, property.attribute(QStringLiteral("name")),
+                     property.attribute(QStringLiteral("value")));
     return record;
+}
+
+ProjectXml::ActionRecord ProjectXml::readAction(const QString& tag,
+                                                const QXmlStreamAttributes& attributes) {
+    return actionWith(tag, attribute(attributes, QStringLiteral("target")));
+}
+
+void ProjectXml::readProperty(ActionRecord& record, const QString& name, const QString& value) {
+    record.properties.insert(
+        name, name == kKey ? QString::number(int(Definitions::getkButtonType(value))) : value);
+}
+
+QString ProjectXml::attribute(const QXmlStreamAttributes& attributes, const QString& name) {
+    return xmlText(attributes.value(name).toString());
+}
+
+QString ProjectXml::xmlText(const QString& text) {
+    QString result = text; // shared with the text until a character is replaced
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
+            ++i;
+        else if (!isXmlChar(c.unicode()))
+            result[i] = QChar(QChar::ReplacementCharacter);
+    }
+    return result;
 }
 
 int ProjectXml::readId(const QString& value, const QString& oldPrefix) {
@@ -224,6 +271,10 @@ QString ProjectXml::rescaleFontSize(const QString& value, int viewHeight, int sa
     const double size = value.toDouble(&ok);
     if (!ok || size == 0 || std::isnan(size))
         return QString("");
+    // Saved at this view height: the size stands as it is, so that a save and a load in turn
+    // never move it (the product alone could overflow where the size does not).
+    if (viewHeight == savedViewHeight)
+        return QString::number(size, 'g', 4);
     const double scaled = size * viewHeight;
     // A file without a saved view height divides by zero; the result is an infinity.
     double result = std::numeric_limits<double>::quiet_NaN();

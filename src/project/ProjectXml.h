@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QList>
 #include <QString>
+#include <QXmlStreamAttributes>
 
 namespace selvora {
 namespace document {
@@ -47,6 +48,7 @@ public:
     // Reads a media element of any tag (unknown tags are text); ids "media_N" and "N" alike;
     // absent or empty attributes give empty values; fontSize is returned as it stands.
     static MediaRecord readMedia(const QDomElement& element);
+    static MediaRecord readMedia(const QString& tag, const QXmlStreamAttributes& attributes);
 
     // Appends one `sync` group per distinct time among openers (in their order), each holding
     // every sync of the scene at that time; with mediaOnly, openers that are not media syncs
@@ -64,6 +66,17 @@ public:
     // Reads an action element: unknown tags are "set", an absent or empty target is -1, the
     // word of "key" becomes its number.
     static ActionRecord readAction(const QDomElement& element);
+    // The same from a start tag; its `property` children are added by readProperty.
+    static ActionRecord readAction(const QString& tag, const QXmlStreamAttributes& attributes);
+    static void readProperty(ActionRecord& record, const QString& name, const QString& value);
+
+    // The value of an attribute of a start tag, with what XML cannot hold replaced.
+    static QString attribute(const QXmlStreamAttributes& attributes, const QString& name);
+
+    // The text with every character that an XML file cannot hold (controls other than tab and
+    // line breaks, U+FFFE, U+FFFF, unpaired surrogates) replaced by U+FFFD, so that whatever
+    // is written can be read again.
+    static QString xmlText(const QString& text);
 
     // Reads an id that may have the older form prefix + number ("scene_4", "media_7").
     static int readId(const QString& value, const QString& oldPrefix);

@@ -1,0 +1,481 @@
+#include "document/Document.h"
+#include "document/Scene.h"
+#include "spatialview/ImageItem.h"
+#include "spatialview/MainVideo.h"
+#include "spatialview/SpatialEvent.h"
+#include "spatialview/SpatialResizingMedia.h"
+#include "support/PictureProbe.h"
+#include "support/TestMain.h"
+#include "support/ViewInput.h"
+
+#include <QFile>
+#include <QGraphicsScene>
+#include <QGraphicsVideoItem>
+#include <QGraphicsView>
+#include <QImageWriter>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <sys/stat.h>
+
+using selvora::Definitions;
+using selvora::document::Document;
+using selvora::document::Scene;
+using selvora::spatialview::ImageItem;
+using selvora::spatialview::MainVideo;
+using selvora::spatialview::SpatialEvent;
+using selvora::spatialview::SpatialResizingMedia;
+using selvora::test::PictureProbe;
+using selvora::test::ViewInput;
+
+namespace {
+
+const auto kMedia = Definitions::kSpatialResizingType::spatialResizingMedia;
+
+// Records the canvas events that reach the widget holding the view.
+class EventCatcher : public QObject {
+public:
+    QList<SpatialEvent> events;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == Definitions::getSpatialEventType())
+            events << *static_cast<SpatialEvent*>(event);
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+// The canvas items on a canvas of 720x405 whose pixels are scene units.
+class TestCanvasItems : public QObject {
+    Q_OBJECT
+private:
+    QTemporaryDir dir;
+    QWidget* holder = nullptr;
+    QGraphicsView* view = nullptr;
+    QGraphicsScene* canvas = nullptr;
+    EventCatcher catcher;
+    Scene* scene = nullptr;
+
+    QString picture(const QString& name, QColor colour, QSize size = QSize(200, 100)) {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(colour);
+        const QString path = dir.filePath(name);
+        image.save(path);
+        return path;
+    }
+    // An item standing at (100, 100) with a size of 200x100, focused so that its handles show.
+    template <class Item> Item* place(Item* item) {
+        canvas->addItem(item);
+        item->setPos(100, 100);
+        item->init(QRectF(0, 0, 200, 100));
+        item->setFocus(Qt::OtherFocusReason);
+        return item;
+    }
+    ImageItem* image(const QString& path, const QString& hover = QString()) {
+        return place(new ImageItem(7, path, 1, 0, hover, scene, holder, kMedia, nullptr));
+    }
+    static QRectF sceneRect(const SpatialResizingMedia* item) {
+        return QRectF(item->scenePos(), item->getRect().size());
+    }
+    QImage grab() { return PictureProbe::grab(view->viewport()); }
+
+private slots:
+    void initTestCase() {
+        QVERIFY(dir.isValid());
+        QCOMPARE(Definitions::getViewWidth(), 720);
+        Document::instance()->newProject();
+        scene = Document::instance()->getScene(-1);
+        QVERIFY(scene);
+
+        holder = new QWidget;
+        holder->installEventFilter(&catcher);
+        canvas = new QGraphicsScene(0, 0, 720, 405, holder);
+        view = new QGraphicsView(canvas, holder);
+        view->setFrameShape(QFrame::NoFrame);
+        view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        view->setFixedSize(720, 405);
+        holder->resize(720, 405);
+        holder->show();
+        QVERIFY(QTest::qWaitForWindowExposed(holder));
+        QApplication::setActiveWindow(holder);
+        view->setFocus();
+        QTRY_VERIFY(canvas->isActive());
+    }
+    void cleanupTestCase() { delete holder; }
+    void cleanup() {
+        canvas->clear();
+        scene->setStatusPlayer(Definitions::kPlayerStatus::pause);
+        // Events of this test still queued must not reach the next one.
+        QCoreApplication::sendPostedEvents(holder, Definitions::getSpatialEventType());
+        catcher.events.clear();
+    }
+
+    void initFitsCanvas_data() {
+        QTest::addColumn<QRectF>("given");
+        QTest::addColumn<QSizeF>("size");
+        QTest::newRow("fits, position ignored") << QRectF(50, 60, 100, 50) << QSizeF(100, 50);
+        QTest::newRow("too wide") << QRectF(0, 0, 1440, 405) << QSizeF(720, 202.5);
+        QTest::newRow("too tall") << QRectF(0, 0, 100, 1000) << QSizeF(40.5, 405);
+        QTest::newRow("both") << QRectF(0, 0, 7200, 8100) << QSizeF(360, 405);
+    }
+    void initFitsCanvas() {
+        QFETCH(QRectF, given);
+        QFETCH(QSizeF, size);
+        auto* item = new SpatialResizingMedia(1, kMedia, nullptr, -1);
+        canvas->addItem(item);
+        item->init(given);
+        QCOMPARE(item->boundingRect(), QRectF(QPointF(0, 0), size));
+    }
+
+    // Handle centres of the item at (100, 100, 200, 100), in scene units.
+    void handleDrag_data() {
+        QTest::addColumn<QPointF>("handle");
+        QTest::addColumn<QPointF>("by");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QRectF>("result");
+        const QPointF topLeft(103, 103), topRight(297, 103), bottomLeft(103, 197),
+            bottomRight(297, 197), topMiddle(199, 103), bottomMiddle(199, 197),
+            leftMiddle(103, 150), rightMiddle(297, 150);
+        const int none = Qt::NoModifier, control = Qt::ControlModifier, shift = Qt::ShiftModifier;
+        QTest::newRow("free top left")
+            << topLeft << QPointF(-40, -20) << none << QRectF(60, 80, 240, 120);
+        QTest::newRow("free top right")
+            << topRight << QPointF(20, 10) << none << QRectF(100, 110, 220, 90);
+        QTest::newRow("free bottom left")
+            << bottomLeft << QPointF(-10, 10) << none << QRectF(90, 100, 210, 110);
+        QTest::newRow("free bottom right")
+            << bottomRight << QPointF(50, 30) << none << QRectF(100, 100, 250, 130);
+        QTest::newRow("free top middle")
+            << topMiddle << QPointF(25, -30) << none << QRectF(100, 70, 200, 130);
+        QTest::newRow("free bottom middle")
+            << bottomMiddle << QPointF(20, 30) << none << QRectF(100, 100, 200, 130);
+        QTest::newRow("free left middle")
+            << leftMiddle << QPointF(30, 40) << none << QRectF(130, 100, 170, 100);
+        QTest::newRow("free right middle")
+            << rightMiddle << QPointF(-30, 50) << none << QRectF(100, 100, 170, 100);
+        QTest::newRow("top left past bottom right: minimum, far edges fixed")
+            << topLeft << QPointF(400, 300) << none << QRectF(280, 180, 20, 20);
+        QTest::newRow("bottom right past top left: minimum")
+            << bottomRight << QPointF(-300, -300) << none << QRectF(100, 100, 20, 20);
+        QTest::newRow("left middle past right: minimum")
+            << leftMiddle << QPointF(500, 0) << none << QRectF(280, 100, 20, 100);
+        QTest::newRow("bottom right clamped at the canvas")
+            << bottomRight << QPointF(600, 400) << none << QRectF(100, 100, 620, 305);
+        QTest::newRow("top left clamped at the canvas")
+            << topLeft << QPointF(-200, -200) << none << QRectF(0, 0, 300, 200);
+        QTest::newRow("control bottom right keeps the ratio")
+            << bottomRight << QPointF(100, 10) << control << QRectF(100, 100, 220, 110);
+        QTest::newRow("control top left keeps the ratio")
+            << topLeft << QPointF(-50, -10) << control << QRectF(80, 90, 220, 110);
+        QTest::newRow("control at the canvas edge: both sides stop")
+            << bottomRight << QPointF(600, 600) << control << QRectF(100, 100, 610, 305);
+        QTest::newRow("control middle does nothing")
+            << topMiddle << QPointF(0, -30) << control << QRectF(100, 100, 200, 100);
+        QTest::newRow("control right middle does nothing")
+            << rightMiddle << QPointF(40, 0) << control << QRectF(100, 100, 200, 100);
+        QTest::newRow("shift corner does nothing")
+            << bottomRight << QPointF(50, 30) << shift << QRectF(100, 100, 200, 100);
+        QTest::newRow("shift middle does nothing")
+            << leftMiddle << QPointF(30, 0) << shift << QRectF(100, 100, 200, 100);
+    }
+    void handleDrag() {
+        QFETCH(QPointF, handle);
+        QFETCH(QPointF, by);
+        QFETCH(int, modifiers);
+        QFETCH(QRectF, result);
+        auto* item = place(new SpatialResizingMedia(3, kMedia, nullptr, -1));
+        QTRY_VERIFY(item->childItems().first()->isVisible());
+        ViewInput::drag(view, handle, handle + by, Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(sceneRect(item), result);
+        // The handles follow the new rectangle.
+        QCOMPARE(item->childItems().at(3)->pos(), QPointF(result.width() - 6, result.height() - 6));
+    }
+
+    void bodyDrag_data() {
+        QTest::addColumn<QPointF>("by");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QPointF>("result");
+        const int shift = Qt::ShiftModifier;
+        QTest::newRow("free") << QPointF(40, -30) << 0 << QPointF(140, 70);
+        QTest::newRow("past bottom right: flush") << QPointF(700, 400) << 0 << QPointF(520, 305);
+        QTest::newRow("past top left: flush") << QPointF(-300, -300) << 0 << QPointF(0, 0);
+        QTest::newRow("shift, mostly across") << QPointF(60, 20) << shift << QPointF(160, 100);
+        QTest::newRow("shift, mostly down") << QPointF(10, 50) << shift << QPointF(100, 150);
+        QTest::newRow("shift, diagonal is across") << QPointF(30, 30) << shift << QPointF(130, 100);
+        QTest::newRow("shift across, clamped") << QPointF(900, 20) << shift << QPointF(520, 100);
+    }
+    void bodyDrag() {
+        QFETCH(QPointF, by);
+        QFETCH(int, modifiers);
+        QFETCH(QPointF, result);
+        auto* item = place(new SpatialResizingMedia(3, kMedia, nullptr, -1));
+        const QPointF from(200, 150);
+        ViewInput::drag(view, from, from + by, Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(item->pos(), result);
+    }
+
+    void gestureEndIsPostedToTheView_data() {
+        QTest::addColumn<QPointF>("from");
+        QTest::addColumn<QPointF>("to");
+        QTest::newRow("body drag") << QPointF(200, 150) << QPointF(260, 170);
+        QTest::newRow("handle drag") << QPointF(297, 197) << QPointF(327, 217);
+    }
+    void gestureEndIsPostedToTheView() {
+        QFETCH(QPointF, from);
+        QFETCH(QPointF, to);
+        auto* item = place(new SpatialResizingMedia(9, kMedia, nullptr, 4));
+        QTRY_COMPARE(catcher.events.size(), 1); // from the focus
+        catcher.events.clear();
+        ViewInput::press(view, from);
+        ViewInput::move(view, to);
+        QCoreApplication::processEvents();
+        QVERIFY2(catcher.events.isEmpty(), "only the end of a gesture reaches the view");
+        ViewInput::release(view, to);
+        QTRY_COMPARE(catcher.events.size(), 1);
+        const SpatialEvent& event = catcher.events.first();
+        QCOMPARE(event.getId(), 9);
+        QCOMPARE(event.getTemplateId(), 4);
+        QCOMPARE(event.getKind(), kMedia);
+        QCOMPARE(event.getRect(), QRectF(QPointF(0, 0), item->getRect().size()));
+    }
+
+    void focusShowsHandlesAndTellsTheView() {
+        auto* item = new SpatialResizingMedia(5, kMedia, nullptr, -1);
+        canvas->addItem(item);
+        item->init(QRectF(0, 0, 100, 50));
+        QVERIFY(!item->childItems().first()->isVisible());
+        item->setFocus(Qt::OtherFocusReason);
+        QVERIFY(item->childItems().first()->isVisible());
+        QTRY_COMPARE(catcher.events.size(), 1);
+        QCOMPARE(catcher.events.first().getId(), 5);
+        item->clearFocus();
+        QVERIFY(!item->childItems().first()->isVisible());
+        // Outline without focus, as the view asks when the keyboard is on another panel.
+        item->showFocusItem(true);
+        const QImage withOutline = grab();
+        QVERIFY(PictureProbe::share(withOutline, QRect(0, 0, 100, 1), QColor(255, 127, 0)) > 0.3);
+        item->showFocusItem(false);
+        QVERIFY(!item->childItems().first()->isVisible());
+        QCOMPARE(PictureProbe::share(grab(), QRect(0, 0, 100, 1), QColor(255, 127, 0)), 0.0);
+    }
+
+    // Regions never show handles, focused or outlined.
+    void regionHasNoHandles() {
+        auto* item = new SpatialResizingMedia(
+            5, Definitions::kSpatialResizingType::spatialResizingRegion, nullptr, 2);
+        canvas->addItem(item);
+        item->init(QRectF(0, 0, 100, 50));
+        item->setFocus(Qt::OtherFocusReason);
+        item->showFocusItem(true);
+        grab();
+        QVERIFY(!item->childItems().first()->isVisible());
+    }
+
+    void hoverEffects_data() {
+        QTest::addColumn<QString>("hover");
+        QTest::addColumn<bool>("playing");
+        QTest::addColumn<qreal>("scale");
+        QTest::addColumn<QPointF>("pos");
+        QTest::addColumn<bool>("border");
+        const QPointF still(100, 100);
+        QTest::newRow("grow") << "0" << true << 1.1 << QPointF(90, 95) << false;
+        QTest::newRow("shrink") << "1" << true << 0.9 << QPointF(110, 105) << false;
+        QTest::newRow("float") << "4" << true << 1.0 << QPointF(100, 85) << false;
+        QTest::newRow("sink") << "5" << true << 1.0 << QPointF(100, 115) << false;
+        QTest::newRow("backward") << "6" << true << 1.0 << QPointF(70, 100) << false;
+        QTest::newRow("forward") << "7" << true << 1.0 << QPointF(130, 100) << false;
+        QTest::newRow("fade: nothing") << "8" << true << 1.0 << still << false;
+        QTest::newRow("border") << "9" << true << 1.0 << still << true;
+        QTest::newRow("empty: nothing") << "" << true << 1.0 << still << false;
+        QTest::newRow("grow paused: nothing") << "0" << false << 1.0 << still << false;
+        QTest::newRow("forward paused: nothing") << "7" << false << 1.0 << still << false;
+        QTest::newRow("border paused: nothing") << "9" << false << 1.0 << still << false;
+    }
+    void hoverEffects() {
+        QFETCH(QString, hover);
+        QFETCH(bool, playing);
+        QFETCH(qreal, scale);
+        QFETCH(QPointF, pos);
+        QFETCH(bool, border);
+        ImageItem* item = image(picture("green.png", Qt::green), hover);
+        item->clearFocus();
+        scene->setStatusPlayer(playing ? Definitions::kPlayerStatus::play
+                                       : Definitions::kPlayerStatus::pause);
+        const QRect leftEdge(100, 130, 2, 40);
+        ViewInput::move(view, QPointF(150, 150), Qt::NoButton);
+        const QImage on = grab();
+        QCOMPARE(item->scale(), scale);
+        QCOMPARE(item->pos(), pos);
+        QCOMPARE(PictureProbe::share(on, leftEdge, Qt::black) > 0.9, border);
+
+        ViewInput::move(view, QPointF(600, 380), Qt::NoButton);
+        const QImage off = grab();
+        QCOMPARE(item->scale(), 1.0);
+        QCOMPARE(item->pos(), QPointF(100, 100));
+        QVERIFY(PictureProbe::share(off, leftEdge, Qt::green) > 0.9);
+    }
+
+    // Push and pop bounce back by themselves while the pointer stays on the item.
+    void pushAndPopReturn_data() {
+        QTest::addColumn<QString>("hover");
+        QTest::addColumn<qreal>("scale");
+        QTest::newRow("push") << "2" << 0.9;
+        QTest::newRow("pop") << "3" << 1.1;
+    }
+    void pushAndPopReturn() {
+        QFETCH(QString, hover);
+        QFETCH(qreal, scale);
+        ImageItem* item = image(picture("green.png", Qt::green), hover);
+        scene->setStatusPlayer(Definitions::kPlayerStatus::play);
+        ViewInput::move(view, QPointF(150, 150), Qt::NoButton);
+        grab();
+        QCOMPARE(item->scale(), scale);
+        QVERIFY(item->pos() != QPointF(100, 100));
+        QTRY_COMPARE(item->scale(), 1.0);
+        QCOMPARE(item->pos(), QPointF(100, 100));
+    }
+
+    void clickSignalsOnlyInPlay_data() {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("clicks");
+        QTest::newRow("play") << int(Definitions::kPlayerStatus::play) << 1;
+        QTest::newRow("pause") << int(Definitions::kPlayerStatus::pause) << 0;
+        QTest::newRow("stop") << int(Definitions::kPlayerStatus::stop) << 0;
+    }
+    void clickSignalsOnlyInPlay() {
+        QFETCH(int, status);
+        QFETCH(int, clicks);
+        ImageItem* item = image(picture("green.png", Qt::green));
+        QSignalSpy spy(item, &ImageItem::itemClicked);
+        scene->setStatusPlayer(Definitions::kPlayerStatus(status));
+        ViewInput::click(view, QPointF(150, 150));
+        QCOMPARE(spy.count(), clicks);
+        if (clicks)
+            QCOMPARE(spy.first().first().toInt(), 7);
+    }
+
+    void videoFollowsResize() {
+        const QString file = dir.filePath("clip.mp4");
+        QFile::copy(SELVORA_TEST_DATA "/clip.mp4", file);
+        auto* video = place(new MainVideo(4, file, QSizeF(200, 100), 2, 50, nullptr));
+        QCOMPARE(video->opacity(), 0.5);
+        QCOMPARE(video->zValue(), 2.0);
+        QTRY_VERIFY(video->childItems().last()->isVisible());
+        ViewInput::press(view, QPointF(297, 197));
+        ViewInput::move(view, QPointF(317, 207));
+        QCOMPARE(video->videoItem()->size(), QSizeF(220, 110));
+        ViewInput::move(view, QPointF(347, 227));
+        QCOMPARE(video->videoItem()->size(), QSizeF(250, 130));
+        QCOMPARE(video->videoItem()->pos(), QPointF(0, 0));
+        ViewInput::release(view, QPointF(347, 227));
+        // Dragging on the picture moves the frame.
+        ViewInput::drag(view, QPointF(200, 150), QPointF(230, 160));
+        QCOMPARE(video->pos(), QPointF(130, 110));
+        QCOMPARE(video->videoItem()->scenePos(), QPointF(130, 110));
+    }
+
+    // A file that gives no picture shows a grey placeholder with a mark, never a hole.
+    void placeholders_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("image missing") << "image"
+                                       << "missing.png" << true;
+        QTest::newRow("image garbage") << "image"
+                                       << "garbage.png" << true;
+        QTest::newRow("image fifo") << "image"
+                                    << "fifo.png" << true;
+        QTest::newRow("image folder") << "image"
+                                      << "folder.png" << true;
+        QTest::newRow("image good") << "image"
+                                    << "green.png" << false;
+        QTest::newRow("video missing") << "video"
+                                       << "missing.mp4" << true;
+        QTest::newRow("video fifo") << "video"
+                                    << "fifo.png" << true;
+        QTest::newRow("video unplayable") << "unplayable"
+                                          << "garbage.png" << true;
+        QTest::newRow("video present") << "video"
+                                       << "garbage.png" << false;
+    }
+    void placeholders() {
+        QFETCH(QString, kind);
+        QFETCH(QString, file);
+        QFETCH(bool, shown);
+        picture("green.png", Qt::green);
+        QFile garbage(dir.filePath("garbage.png"));
+        QVERIFY(garbage.open(QIODevice::WriteOnly));
+        garbage.write(QByteArray(4096, '\x5a'));
+        garbage.close();
+        QDir(dir.path()).mkpath("folder.png");
+        if (!QFileInfo::exists(dir.filePath("fifo.png")))
+            QCOMPARE(::mkfifo(QFile::encodeName(dir.filePath("fifo.png")).constData(), 0600), 0);
+
+        const QString path = dir.filePath(file);
+        SpatialResizingMedia* item = nullptr;
+        if (kind == "image") {
+            item = image(path);
+        } else {
+            auto* video = place(new MainVideo(4, path, QSizeF(200, 100), 1, 0, nullptr));
+            video->setUnplayable(kind == "unplayable");
+            item = video;
+        }
+        item->clearFocus();
+        const QImage picture = grab();
+        const double grey =
+            PictureProbe::share(picture, QRect(105, 105, 190, 90), QColor(224, 224, 224), 8);
+        const double mark =
+            PictureProbe::share(picture, QRect(180, 130, 40, 40), QColor(200, 40, 40), 30);
+        if (shown != (grey > 0.6) || shown != (mark > 0.01))
+            PictureProbe::keep(picture, QStringLiteral("placeholder-") + QTest::currentDataTag());
+        QCOMPARE(grey > 0.6, shown);
+        QCOMPARE(mark > 0.01, shown);
+    }
+
+    void unplayableCanRecover() {
+        const QString file = dir.filePath("clip.mp4");
+        QFile::copy(SELVORA_TEST_DATA "/clip.mp4", file);
+        auto* video = place(new MainVideo(4, file, QSizeF(200, 100), 1, 0, nullptr));
+        QVERIFY(!video->isUnplayable());
+        video->setUnplayable(true);
+        QVERIFY(video->isUnplayable());
+        video->setUnplayable(false);
+        QCOMPARE(PictureProbe::share(grab(), QRect(105, 105, 190, 90), QColor(224, 224, 224), 8),
+                 0.0);
+        video->setVideoPath(dir.filePath("gone.mp4"));
+        QVERIFY(video->isUnplayable());
+    }
+
+    // A picture much larger than the canvas is held at canvas size only, and shown whole.
+    void bigImageDecodedAtCanvasSize() {
+        const QSize natural(6000, 4000);
+        QImage big(natural, QImage::Format_RGB32);
+        big.fill(Qt::blue);
+        const QString path = dir.filePath("big.png");
+        QImageWriter writer(path);
+        writer.setCompression(1);
+        QVERIFY(writer.write(big));
+        big = QImage();
+
+        auto* item = new ImageItem(8, path, 1, 0, QString(), scene, holder, kMedia, nullptr);
+        canvas->addItem(item);
+        QCOMPARE(item->type(), 65537);
+        QCOMPARE(item->naturalSize(), natural);
+        const QSize held = natural.scaled(720, 405, Qt::KeepAspectRatio);
+        QCOMPARE(item->imageSize(), held);
+        item->init(QRectF(QPointF(0, 0), item->naturalSize()));
+        QCOMPARE(item->getRect().size(), QSizeF(607.5, 405));
+        QVERIFY(PictureProbe::share(grab(), QRect(0, 0, 600, 400), Qt::blue) > 0.99);
+
+        // A new path of a small picture is held at its own size.
+        item->setImagePath(picture("small.png", Qt::red, QSize(50, 40)));
+        QCOMPARE(item->imageSize(), QSize(50, 40));
+        QCOMPARE(item->naturalSize(), QSize(50, 40));
+        QCOMPARE(item->getRect().size(), QSizeF(607.5, 405));
+    }
+};
+
+SELVORA_TEST_MAIN(TestCanvasItems)
+#include "tst_canvasitems.moc"

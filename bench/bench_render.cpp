@@ -1,0 +1,148 @@
+// The pictures of text and shape media that a save writes: the time of one item's render, and
+// of its whole generateImage (render and PNG written), for 1000 media at sizes met on a canvas.
+// The target is a render under 2 ms per media. Only per-media figures are printed: the whole save
+// against a save without such media needs the canvas to route the save's requests to its items.
+#include "app/Definitions.h"
+#include "document/Document.h"
+#include "document/Media.h"
+#include "document/Scene.h"
+#include "spatialview/ShapeItem.h"
+#include "spatialview/TextItem.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QGraphicsScene>
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+using namespace selvora;
+using namespace selvora::document;
+using namespace selvora::spatialview;
+
+namespace {
+
+struct Figures {
+    double total = 0;
+    double worst = 0;
+    int count = 0;
+    int failed = 0;
+    void add(double ms, bool ok) {
+        total += ms;
+        worst = std::max(worst, ms);
+        ++count;
+        failed += ok ? 0 : 1;
+    }
+    Figures operator+(const Figures& other) const {
+        return {total + other.total, std::max(worst, other.worst), count + other.count,
+                failed + other.failed};
+    }
+    void print(const char* name) const {
+        std::printf("%-6s media %5d  mean %7.3f ms  worst %7.3f ms  failed %d\n", name, count,
+                    count ? total / count : 0.0, worst, failed);
+    }
+};
+
+// The render alone, then the whole call with the PNG written.
+template <typename Item>
+void measure(Item* item, const QString& path, Figures* renders, Figures* wholes) {
+    QElapsedTimer timer;
+    timer.start();
+    const bool rendered = !item->picture().isNull();
+    renders->add(timer.nsecsElapsed() / 1e6, rendered);
+    timer.restart();
+    const bool written = item->generateImage(path);
+    wholes->add(timer.nsecsElapsed() / 1e6, written);
+}
+
+// The PNG encoding of the written picture into memory: what of the whole is not the disk.
+double encodeMs(const QString& path) {
+    const QImage written(path);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QElapsedTimer timer;
+    timer.start();
+    written.save(&buffer, "PNG", 80);
+    return timer.nsecsElapsed() / 1e6;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    Definitions::setScreenSizeOverride(QSize(1600, 900));
+    QTemporaryDir dir;
+    if (!dir.isValid())
+        return 1;
+
+    const int mediaCount = 1000;
+    Document* doc = Document::instance();
+    doc->newProject();
+    Scene* scene = doc->getScene(-1);
+    QWidget canvasWidget;
+    QGraphicsScene canvas(0, 0, Definitions::getViewWidth(), Definitions::getViewHeight());
+    const QString textWording =
+        QString::fromUtf8("Observe a figura e responda à questão da próxima cena.");
+    const QString shapeWording = QString::fromUtf8("Início");
+
+    Figures texts, shapes, textWholes, shapeWholes, encoding;
+    for (int i = 0; i < mediaCount; ++i) {
+        const bool isText = i % 2 == 0;
+        Media* media = doc->createMedia(
+            scene, "", isText ? Definitions::kMediaType::text : Definitions::kMediaType::shape,
+            QString::number((i / 2) % Definitions::kShapeCount),
+            isText ? textWording : shapeWording);
+        // From the default size up to three times it, as authors stretch them.
+        const double stretch = 1.0 + (i % 5) * 0.5;
+        const QRectF rect(0, 0, media->getWidthPx(Definitions::getViewWidth()) * stretch,
+                          media->getHeightPx(Definitions::getViewHeight()) * stretch);
+        const QString path = dir.filePath(QStringLiteral("media%1.png").arg(i));
+        if (isText) {
+            std::unique_ptr<TextItem> item(
+                new TextItem(media->getId(), 1, 0, "", media->getColorFont(),
+                             media->getFontFamily(), media->getFontSize(),
+                             media->getTextAlignment(), media->getWording(), scene, &canvasWidget));
+            canvas.addItem(item.get());
+            item->init(rect);
+            measure(item.get(), path, &texts, &textWholes);
+            encoding.add(encodeMs(path), true);
+        } else {
+            std::unique_ptr<ShapeItem> item(new ShapeItem(
+                media->getId(), 1, 0, "", Definitions::getkShapeType(media->getGeometry().toInt()),
+                media->getColorFont(), media->getColorFill(), media->getColorOutline(),
+                Definitions::getkOutlineStyle(media->getStyleOutline().toInt()),
+                Definitions::getkOutlineWidth(media->getWidthOutline().toInt()),
+                media->getFontFamily(), media->getFontSize(), media->getTextAlignment(),
+                media->getWording(), scene, &canvasWidget));
+            canvas.addItem(item.get());
+            item->init(rect);
+            measure(item.get(), path, &shapes, &shapeWholes);
+            encoding.add(encodeMs(path), true);
+        }
+    }
+    const Figures all = texts + shapes;
+    const Figures wholes = textWholes + shapeWholes;
+    std::printf("render per media (the picture of generateImage), canvas %dx%d\n",
+                Definitions::getViewWidth(), Definitions::getViewHeight());
+    texts.print("text");
+    shapes.print("shape");
+    all.print("all");
+    std::printf("generateImage per media, with the PNG encoded and written\n");
+    textWholes.print("text");
+    shapeWholes.print("shape");
+    wholes.print("all");
+    std::printf("of which the PNG encoding alone, into memory\n");
+    encoding.print("png");
+    const double mean = all.count ? all.total / all.count : 0;
+    std::printf("render mean %.3f ms per media; target under 2 ms: %s\n", mean,
+                mean < 2.0 ? "met" : "NOT met");
+    std::fflush(stdout);
+    return 0;
+}

@@ -6,6 +6,7 @@
 //   save  = second OperationsFile::saveProject vs  building and serialising a DOM of that shape
 // Targets: both ratios under 2.
 
+#include "BenchProject.h"
 #include "app/Definitions.h"
 #include "document/Document.h"
 #include "document/Media.h"
@@ -27,6 +28,8 @@
 #include <functional>
 #include <limits>
 
+using benchproject::buildProject;
+using benchproject::kScenes;
 using selvora::Definitions;
 using selvora::document::Document;
 using selvora::document::Media;
@@ -35,9 +38,6 @@ using selvora::project::OperationsFile;
 
 namespace {
 
-constexpr int kScenes = 100;
-constexpr int kMediaPerScene = 40;
-constexpr int kExtraSyncsPerScene = 160; // plus one start per medium
 constexpr int kRuns = 5;
 
 qint64 best(const std::function<void()>& before, const std::function<void()>& work) {
@@ -50,44 +50,6 @@ qint64 best(const std::function<void()>& before, const std::function<void()>& wo
         fastest = std::min(fastest, timer.nsecsElapsed());
     }
     return fastest;
-}
-
-void buildProject(Document* doc, const QString& picture) {
-    const Definitions::kMediaType types[] = {
-        Definitions::kMediaType::image, Definitions::kMediaType::text,
-        Definitions::kMediaType::shape, Definitions::kMediaType::audio};
-    for (int s = 0; s < kScenes; ++s) {
-        Scene* scene = s == 0 ? doc->getScene(-1) : doc->createScene();
-        scene->setTotalTime(120);
-        doc->setCurrentScene(scene->getId(), true);
-        QList<int> ids;
-        for (int m = 0; m < kMediaPerScene; ++m) {
-            const auto type = types[m % 4];
-            const bool file =
-                type == Definitions::kMediaType::image || type == Definitions::kMediaType::audio;
-            Media* media = doc->createMedia(scene, file ? picture : QString(), type,
-                                            QString::number(m % 52), QString("texto %1").arg(m));
-            media->setHover(QString::number(m % 10));
-            ids << media->getId();
-        }
-        for (int k = 0; k < kExtraSyncsPerScene; ++k) {
-            const int target = ids.at(k % ids.size());
-            const int time = 1 + k % 60;
-            if (k % 10 == 9)
-                doc->loadSync(scene, target, true, Definitions::kSyncType::select, time,
-                              {{"key", "49"},
-                               {"link", QString::number((s + 1) % kScenes)},
-                               {"timeEvent", "0"}});
-            else
-                doc->loadSync(scene, target, true, Definitions::kSyncType::set, time,
-                              {{"left", QString::number(k % 90)},
-                               {"top", "12.5"},
-                               {"width", "20"},
-                               {"height", "15"},
-                               {"layer", QString::number(k % 40)},
-                               {"transparency", "0"}});
-        }
-    }
 }
 
 // The file's elements in document order, to build a DOM of the same shape with no model.

@@ -1,0 +1,64 @@
+#ifndef SELVORA_BENCH_BENCHPROJECT_H
+#define SELVORA_BENCH_BENCHPROJECT_H
+
+// The large project of the benchmarks: 100 scenes, each with 40 media (pictures, texts, shapes
+// and sounds in turn) and about 200 syncs, of which one in ten is a link.
+
+#include "app/Definitions.h"
+#include "document/Document.h"
+#include "document/Media.h"
+#include "document/Scene.h"
+
+#include <QList>
+#include <QString>
+
+namespace benchproject {
+
+constexpr int kScenes = 100;
+constexpr int kMediaPerScene = 40;
+constexpr int kExtraSyncsPerScene = 160; // plus one start per medium
+
+inline void buildProject(selvora::document::Document* doc, const QString& picture) {
+    using selvora::Definitions;
+    using selvora::document::Media;
+    using selvora::document::Scene;
+    const Definitions::kMediaType types[] = {
+        Definitions::kMediaType::image, Definitions::kMediaType::text,
+        Definitions::kMediaType::shape, Definitions::kMediaType::audio};
+    for (int s = 0; s < kScenes; ++s) {
+        Scene* scene = s == 0 ? doc->getScene(-1) : doc->createScene();
+        scene->setTotalTime(120);
+        doc->setCurrentScene(scene->getId(), true);
+        QList<int> ids;
+        for (int m = 0; m < kMediaPerScene; ++m) {
+            const auto type = types[m % 4];
+            const bool file =
+                type == Definitions::kMediaType::image || type == Definitions::kMediaType::audio;
+            Media* media = doc->createMedia(scene, file ? picture : QString(), type,
+                                            QString::number(m % 52), QString("texto %1").arg(m));
+            media->setHover(QString::number(m % 10));
+            ids << media->getId();
+        }
+        for (int k = 0; k < kExtraSyncsPerScene; ++k) {
+            const int target = ids.at(k % ids.size());
+            const int time = 1 + k % 60;
+            if (k % 10 == 9)
+                doc->loadSync(scene, target, true, Definitions::kSyncType::select, time,
+                              {{"key", "49"},
+                               {"link", QString::number((s + 1) % kScenes)},
+                               {"timeEvent", "0"}});
+            else
+                doc->loadSync(scene, target, true, Definitions::kSyncType::set, time,
+                              {{"left", QString::number(k % 90)},
+                               {"top", "12.5"},
+                               {"width", "20"},
+                               {"height", "15"},
+                               {"layer", QString::number(k % 40)},
+                               {"transparency", "0"}});
+        }
+    }
+}
+
+} // namespace benchproject
+
+#endif

@@ -1,0 +1,148 @@
+#ifndef SELVORA_SPATIALVIEW_SPATIALVIEW_H
+#define SELVORA_SPATIALVIEW_SPATIALVIEW_H
+
+#include "app/Definitions.h"
+#include "spatialview/SpatialScene.h"
+
+#include <QHash>
+#include <QList>
+#include <QPair>
+#include <QPointer>
+#include <QWidget>
+
+class QGraphicsItem;
+class QGraphicsRectItem;
+class QGraphicsView;
+class QMediaPlayer;
+
+namespace selvora {
+
+// The canvas keys its items by kind, among others.
+inline uint qHash(Definitions::kSpatialResizingType kind, uint seed = 0) noexcept {
+    return ::qHash(int(kind), seed);
+}
+
+namespace document {
+class Document;
+class Media;
+class Region;
+class Scene;
+} // namespace document
+
+namespace spatialview {
+
+class ImageItem;
+class MainVideo;
+class MainVideoPlayer;
+class ShapeItem;
+class SpatialResizingMedia;
+class TextItem;
+
+// The canvas of one scene: the graphics scene and view on which the scene's items stand, and the
+// player of its main video. It turns the model's changes into items, and follows the model's
+// state at every second of play and at every seek.
+class SpatialView : public QWidget {
+    Q_OBJECT
+public:
+    // An item is found by (id, (template id or -1, kind)).
+    using ItemKey = QPair<int, QPair<int, Definitions::kSpatialResizingType>>;
+    static ItemKey mediaKey(int mediaId);
+    static ItemKey regionKey(int regionId, int templateId);
+
+    SpatialView(document::Document* document, document::Scene* scene, QWidget* parent);
+    ~SpatialView() override;
+
+    document::Scene* getScene() const { return scene_; }
+    QGraphicsView* getGraphicsView() const { return graphicsView_; }
+    SpatialScene* getSpatialScene() { return &spatialScene_; }
+    SpatialResizingMedia* getItem(const ItemKey& key) const { return resizingItems_.value(key); }
+    int countItems() const { return resizingItems_.size(); }
+    MainVideo* getMainVideo() const { return mainVideo_; }
+    // Null until the scene's video was first loaded.
+    QMediaPlayer* mediaPlayer() const;
+
+    void load();
+    void loadVideo();
+    void playScene();
+    void pauseScene();
+    void stopScene();
+    void updatePlayerScene(Definitions::kPlayerStatus status);
+    void generateImage(document::Media* media);
+
+public slots:
+    void addSpatialResizingMedia(selvora::document::Media* media);
+    void addSpatialResizingRegion(selvora::document::Region* region);
+    void removeSpatialResizingMedia(int id);
+    void removeSpatialResizingRegion(int regionId, int templateId);
+    void removeTemplate(int templateId);
+    void setCurrentMedia(selvora::document::Media* media);
+    void setCurrentRegion(selvora::document::Region* region);
+    void nullingCurrentMedia();
+    void updateCurrentTimePlayer(int time);
+    void setStatusPlayer(selvora::Definitions::kPlayerStatus status);
+    void updateSpatialResizingMedias(int mediaId, QList<selvora::document::Media*> medias);
+    void updateSpatialResizingMediaProperties(selvora::document::Media* media,
+                                              selvora::Definitions::kSyncType type);
+    void updateSpatialResizingMediaProperties();
+    void updateSpatialResizingMediaSource(int id);
+    void updateSpatialResizingRegionProperties();
+    void updateTemplateProperties(int templateId, selvora::Definitions::kSyncType type);
+    void drawTemplateBorders(int templateId);
+    void showSpatialResizingRegion(selvora::document::Region* region, bool visible);
+
+signals:
+    void finished();
+    void clicked();
+
+protected:
+    bool event(QEvent* event) override;
+
+private slots:
+    void updateItemFocus(QGraphicsItem* newFocus, QGraphicsItem* oldFocus, Qt::FocusReason reason);
+    void spatialResizingClicked(int id);
+
+private:
+    void createSpatialView();
+    void setConnections();
+    void setMediaConnections();
+    void setMediaDisconnections();
+    void setRegionConnections();
+    void setRegionDisconnections();
+
+    // Item construction shared by adding and loading; the item is hidden until shown.
+    MainVideo* makeVideo(document::Media* media);
+    ImageItem* makeImage(document::Media* media, QWidget* widget);
+    TextItem* makeText(document::Media* media);
+    ShapeItem* makeShape(document::Media* media);
+    void addVideo(document::Media* media);
+    void addImage(document::Media* media);
+    void addText(document::Media* media);
+    void addShape(document::Media* media);
+    void applyLook(SpatialResizingMedia* item, const document::Media* media);
+    void place(SpatialResizingMedia* item, const QRectF& rect, int layer);
+    QRectF mediaRect(const document::Media* media) const;
+    void applyGeometry(SpatialResizingMedia* item, const document::Media* media);
+    void applyOpacity(SpatialResizingMedia* item, const document::Media* media);
+    void removeItem(const ItemKey& key);
+    void forgetItem(const SpatialResizingMedia* item);
+
+    document::Document* document_;
+    QPointer<document::Scene> scene_;
+    QPointer<document::Media> currentMedia_;
+    QPointer<document::Region> currentRegion_;
+    QWidget* parentWidget_;
+    QGraphicsView* graphicsView_ = nullptr;
+    MainVideo* mainVideo_ = nullptr;
+    SpatialScene spatialScene_;
+    QHash<ItemKey, SpatialResizingMedia*> resizingItems_;
+    QHash<int, QGraphicsRectItem*> templateBorders_;
+    MainVideoPlayer* videoPlayer_;
+    SpatialResizingMedia* focusedItem_ = nullptr;
+    QGraphicsRectItem* currentBorder_ = nullptr;
+    SpatialResizingMedia* lastNotifiedItem_ = nullptr;
+};
+
+} // namespace spatialview
+} // namespace selvora
+
+#endif

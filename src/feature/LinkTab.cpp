@@ -1,0 +1,118 @@
+#include "feature/LinkTab.h"
+
+#include "app/Definitions.h"
+#include "document/Scene.h"
+#include "feature/PanelControls.h"
+#include "feature/TwoStageToolTip.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace selvora {
+namespace feature {
+
+using Key = Definitions::kButtonType;
+
+LinkTab::LinkTab(TwoStageToolTip* tips, QWidget* parent) : QWidget(parent) {
+    target = new QComboBox(this);
+    target->setObjectName("link");
+    start = new QLineEdit(this);
+    start->setObjectName("timeEvent");
+    start->setFixedWidth(80);
+    start->setInputMask("00:00:00");
+    start->setText("00:00:00");
+    url = new QLineEdit(this);
+    url->setObjectName("url");
+    key = new QComboBox(this);
+    key->setObjectName("key");
+
+    auto* targetLabel = new QLabel(tr("Ir para Cena:"), this);
+    auto* startLabel = new QLabel(tr("Início da Cena:"), this);
+    auto* keyLabel = new QLabel(tr("Tecla:"), this);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(new QLabel(tr("Elo Interativo para Cena:"), this));
+    layout->addLayout(PanelControls::row({targetLabel, target}, PanelControls::kIndent));
+    layout->addLayout(PanelControls::row({startLabel, start}, PanelControls::kIndent));
+    layout->addSpacing(15);
+    layout->addWidget(new QLabel(tr("Elo Interativo para página Web:"), this));
+    layout->addLayout(
+        PanelControls::row({new QLabel(tr("Endereço da web:"), this)}, PanelControls::kIndent));
+    layout->addLayout(PanelControls::row({url}, PanelControls::kIndent));
+    layout->addSpacing(15);
+    layout->addLayout(PanelControls::row({keyLabel, key}));
+    layout->addStretch();
+
+    tips->addTip(startLabel, QString(),
+                 tr("<font size=\"2\">Define para qual instante de tempo, a cena escolhida na "
+                    "opção “Ir para Cena”, é iniciada.</font>"));
+    tips->addTip(targetLabel, QString(),
+                 tr("<font size=\"2\">Define qual cena deve ser iniciada ao acionar o "
+                    "elo.</font>"));
+    tips->addTip(keyLabel, QString(),
+                 tr("<font size=\"2\">Define a tecla de atalho que aciona o elo.</font>"));
+    fillKeys();
+}
+
+void LinkTab::fillScenes(const QList<document::Scene*>& scenes) {
+    const QVariant chosen = target->currentData();
+    target->clear();
+    target->addItem(QString(), -1);
+    for (const document::Scene* scene : scenes)
+        target->addItem(scene->getLabel(), scene->getId());
+    target->setCurrentIndex(qMax(0, target->findData(chosen)));
+}
+
+void LinkTab::fillKeys() {
+    struct Entry {
+        Key key;
+        const char* picture;
+    };
+    static const Entry kKeys[] = {
+        {Key::RED, ":/imagens/red"},
+        {Key::GREEN, ":/imagens/green"},
+        {Key::YELLOW, ":/imagens/yellow"},
+        {Key::BLUE, ":/imagens/blue"},
+        {Key::ENTER, ":/imagens/enter"},
+        {Key::CURSOR_UP, ":/imagens/cursor_up"},
+        {Key::CURSOR_LEFT, ":/imagens/cursor_left"},
+        {Key::CURSOR_RIGHT, ":/imagens/cursor_right"},
+        {Key::CURSOR_DOWN, ":/imagens/cursor_down"},
+    };
+    const QVariant chosen = key->currentData();
+    key->clear();
+    key->addItem(QString(), -1);
+    for (const Entry& entry : kKeys) {
+        const int code = int(entry.key);
+        key->addItem(QIcon(entry.picture), Definitions::getkButtonTypeLegendBr(code), code);
+    }
+    key->setCurrentIndex(qMax(0, key->findData(chosen)));
+}
+
+QString LinkTab::timeString(int seconds) {
+    return QString("%1:%2:%3")
+        .arg(seconds / 3600, 2, 10, QChar('0'))
+        .arg(seconds % 3600 / 60, 2, 10, QChar('0'))
+        .arg(seconds % 60, 2, 10, QChar('0'));
+}
+
+int LinkTab::timeSeconds(const QStringList& fields) {
+    int seconds = 0;
+    for (const QString& field : fields)
+        seconds = seconds * 60 + field.trimmed().toInt();
+    return seconds;
+}
+
+int LinkTab::seconds() const {
+    return qBound(0, timeSeconds(start->text().split(':')), kMaxSeconds);
+}
+
+void LinkTab::setSeconds(int seconds) {
+    start->setText(timeString(qBound(0, seconds, kMaxSeconds)));
+}
+
+} // namespace feature
+} // namespace selvora

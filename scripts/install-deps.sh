@@ -6,6 +6,7 @@ packages=(
     build-essential cmake
     qtbase5-dev qtmultimedia5-dev libqt5multimedia5-plugins
     gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
+    qttranslations5-l10n
     xvfb xauth zip libxml2-utils
 )
 

@@ -2,11 +2,14 @@
 #include "app/OrganisationInfo.h"
 #include "app/Resources.h"
 #include "app/StyleSheet.h"
+#include "app/Translations.h"
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // Before any widget exists, so that every text of Qt's is in Portuguese.
+    selvora::Translations::install(&application);
     selvora::initResources();
     QCoreApplication::setOrganizationName(selvora::OrganisationInfo::name());
     QCoreApplication::setOrganizationDomain(selvora::OrganisationInfo::domain());

@@ -751,6 +751,14 @@ QVector<Icon> IconCatalogue::all() {
     return icons;
 }
 
+QVector<Icon> IconCatalogue::hicolor() {
+    QVector<Icon> icons;
+    for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        icons.append({QString("%1x%1/apps/selvora").arg(size), QSize(size, size),
+                      [](Painter& p) { emblem(p, QRectF(0, 0, 128, 128)); }});
+    return icons;
+}
+
 QImage IconCatalogue::render(const Icon& icon) {
     QImage image(icon.size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);

@@ -29,6 +29,9 @@ public:
     };
 
     static QVector<Icon> all();
+    // The application icon at the sizes of the desktop's hicolor theme, each named by its path
+    // in that theme ("16x16/apps/selvora"), for installation beside the program.
+    static QVector<Icon> hicolor();
     static QImage render(const Icon& icon);
     // One sheet with every icon at the sizes the program shows them, each with its name.
     static QImage contactSheet(const QVector<Icon>& icons);

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTextStream>
 
@@ -59,6 +60,16 @@ int main(int argc, char** argv) {
         return 1;
     }
     collection.close();
+
+    // The application icon for the desktop, outside the resource collection.
+    for (const IconCatalogue::Icon& icon : IconCatalogue::hicolor()) {
+        const QString file = "hicolor/" + icon.name + ".png";
+        if (!folder.mkpath(QFileInfo(folder.filePath(file)).path()) ||
+            !IconCatalogue::render(icon).save(folder.filePath(file), "PNG")) {
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(folder.filePath(file)));
+            return 1;
+        }
+    }
 
     if (!IconCatalogue::contactSheet(icons).save(sheetPath, "PNG")) {
         std::fprintf(stderr, "cannot write %s\n", qPrintable(sheetPath));

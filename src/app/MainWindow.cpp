@@ -1,8 +1,13 @@
 #include "app/MainWindow.h"
 
+#include "app/Menu.h"
 #include "buffer/Buffer.h"
 #include "document/Document.h"
+#include "feature/Feature.h"
 #include "project/Project.h"
+#include "slideView/SlideView.h"
+#include "spatialview/SpatialGroupView.h"
+#include "temporalView/TemporalView.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -11,10 +16,13 @@
 #include <QDockWidget>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QNetworkAccessManager>
 #include <QPixmap>
 #include <QSplashScreen>
+#include <QToolBar>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -43,15 +51,27 @@ void MainWindow::init() {
     // Panels are created here in a fixed order, each with (document, this); each connects
     // itself to the document in its constructor.
     new project::Project(document_, this);
+    menu_ = new menu::Menu(document_, this);
+    slideView_ = new slideView::SlideView(document_, this);
+    temporalView_ = new temporalView::TemporalView(document_, this);
+    feature_ = new feature::Feature(document_, this);
+    spatialGroupView_ = new spatialview::SpatialGroupView(document_, this);
     new buffer::Buffer(document_, this);
 
+    // The menu bar does not own what it shows: the menus become its children.
+    for (QMenu* menu : {menu_->createFileMenu(), menu_->createEditMenu(), menu_->createOptionMenu(),
+                        menu_->createHelpMenu()}) {
+        menu->setParent(menuBar(), menu->windowFlags());
+        menuBar()->addMenu(menu);
+    }
+    toolBar_ = menu_->createToolBar();
     createDockWidget();
 
     auto* layout = new QVBoxLayout();
     layout->setSpacing(1);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetMinimumSize);
-    for (QWidget* panel : {spatialGroupView_, temporalView_}) {
+    for (QWidget* panel : {static_cast<QWidget*>(spatialGroupView_), temporalView_}) {
         if (panel)
             layout->addWidget(panel, 0, Qt::AlignTop | Qt::AlignHCenter);
     }

@@ -13,6 +13,12 @@ namespace selvora {
 namespace document {
 class Document;
 }
+namespace menu {
+class Menu;
+}
+namespace spatialview {
+class SpatialGroupView;
+}
 
 // The one window: it creates the document and every panel in a fixed order, lays the panels
 // out, maps undo and redo to the document and asks about saving on close. It holds no editing
@@ -54,9 +60,10 @@ private:
     QSplashScreen* splash_ = nullptr;
     QNetworkAccessManager* network_ = nullptr;
     document::Document* document_ = nullptr;
+    menu::Menu* menu_ = nullptr;
     QWidget* toolBar_ = nullptr;
     QWidget* slideView_ = nullptr;
-    QWidget* spatialGroupView_ = nullptr;
+    spatialview::SpatialGroupView* spatialGroupView_ = nullptr;
     QWidget* temporalView_ = nullptr;
     QWidget* feature_ = nullptr;
     QWidget* libraryView_ = nullptr;

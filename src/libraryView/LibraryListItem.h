@@ -1,0 +1,34 @@
+#ifndef SELVORA_LIBRARYVIEW_LIBRARYLISTITEM_H
+#define SELVORA_LIBRARYVIEW_LIBRARYLISTITEM_H
+
+#include <QListWidgetItem>
+#include <QPixmap>
+#include <QString>
+
+namespace selvora {
+namespace libraryView {
+
+// A file of the project's library: its name, a framed icon, and the preview as tool-tip.
+class LibraryListItem : public QListWidgetItem {
+public:
+    explicit LibraryListItem(const QString& path);
+
+    QString getPath() const { return path_; }
+    int getType() const { return type_; }
+    QPixmap getToolTipItem() const { return toolTipItem_; }
+
+    // The kind a file of this name becomes, by its extension in any case; -1 when none.
+    static int typeOf(const QString& path);
+
+private:
+    void loadPixmap();
+
+    QString path_;
+    QPixmap toolTipItem_;
+    int type_ = -1;
+};
+
+} // namespace libraryView
+} // namespace selvora
+
+#endif

@@ -6,18 +6,21 @@
 #include "document/Scene.h"
 #include "document/Sync.h"
 #include "document/Template.h"
+#include "spatialview/CanvasEvents.h"
 #include "spatialview/ImageItem.h"
 #include "spatialview/MainVideo.h"
 #include "spatialview/MainVideoPlayer.h"
 #include "spatialview/ShapeItem.h"
-#include "spatialview/SpatialEvent.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/TextItem.h"
+#include "spatialview/WordingItem.h"
 
 #include <QGraphicsRectItem>
 #include <QGraphicsView>
 #include <QPen>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace selvora {
 namespace spatialview {
@@ -51,6 +54,7 @@ SpatialView::SpatialView(document::Document* document, Scene* scene, QWidget* pa
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAttribute(Qt::WA_MouseTracking);
+    events_ = new CanvasEvents(this);
     setConnections();
 }
 
@@ -58,6 +62,8 @@ SpatialView::~SpatialView() {
     // The items go with the graphics scene, after this object's own fields: neither the focus
     // slot nor the player may reach them meanwhile.
     disconnect(&spatialScene_, nullptr, this, nullptr);
+    // Its filter on the graphics view must not outlive this object's own part.
+    delete std::exchange(events_, nullptr);
     focusedItem_ = nullptr;
     videoPlayer_->setMainVideo(nullptr);
 }
@@ -161,26 +167,20 @@ ShapeItem* SpatialView::makeShape(Media* media) {
 
 // Fonts, colours, wording and hover of a text or shape item, from its media.
 void SpatialView::applyLook(SpatialResizingMedia* item, const Media* media) {
-    if (auto* text = dynamic_cast<TextItem*>(item)) {
-        text->setColorFont(media->getColorFont());
-        text->setFontFamily(media->getFontFamily());
-        text->setFontType(media->getFontType());
-        text->setFontSize(media->getFontSize());
-        text->setAlignment(media->getTextAlignment());
-        text->setText(wordingOf(media));
-        text->setHover(media->getHover());
-    } else if (auto* shape = dynamic_cast<ShapeItem*>(item)) {
+    if (auto* shape = dynamic_cast<ShapeItem*>(item)) {
         shape->setColorFill(media->getColorFill());
-        shape->setColorFont(media->getColorFont());
         shape->setColorOutline(media->getColorOutline());
         shape->setOutlineStyle(Definitions::getkOutlineStyle(media->getStyleOutline().toInt()));
         shape->setOutlineWidth(Definitions::getkOutlineWidth(media->getWidthOutline().toInt()));
-        shape->setFontFamily(media->getFontFamily());
-        shape->setFontType(media->getFontType());
-        shape->setFontSize(media->getFontSize());
-        shape->setAlignment(media->getTextAlignment());
-        shape->setText(wordingOf(media));
-        shape->setHover(media->getHover());
+    }
+    if (auto* wording = dynamic_cast<WordingItem*>(item)) {
+        wording->setColorFont(media->getColorFont());
+        wording->setFontFamily(media->getFontFamily());
+        wording->setFontType(media->getFontType());
+        wording->setFontSize(media->getFontSize());
+        wording->setAlignment(media->getTextAlignment());
+        wording->setText(wordingOf(media));
+        wording->setHover(media->getHover());
     } else if (auto* image = dynamic_cast<ImageItem*>(item)) {
         image->setHover(media->getHover());
     }
@@ -504,10 +504,8 @@ void SpatialView::generateImage(Media* media) {
     if (!media)
         return;
     SpatialResizingMedia* item = resizingItems_.value(mediaKey(media->getId()), nullptr);
-    if (auto* text = dynamic_cast<TextItem*>(item))
-        text->generateImage(media->getPathProject());
-    else if (auto* shape = dynamic_cast<ShapeItem*>(item))
-        shape->generateImage(media->getPathProject());
+    if (auto* wording = dynamic_cast<WordingItem*>(item))
+        wording->generateImage(media->getPathProject());
 }
 
 // ---------------------------------------------------------------- current media and region
@@ -596,8 +594,8 @@ void SpatialView::updateItemFocus(QGraphicsItem* newFocus, QGraphicsItem* oldFoc
 }
 
 void SpatialView::spatialResizingClicked(int id) {
-    // Links fired by a click on a playing item come with the canvas event dispatcher.
-    Q_UNUSED(id)
+    if (events_)
+        events_->clicked(id);
 }
 
 // ---------------------------------------------------------------- player
@@ -679,11 +677,20 @@ void SpatialView::updatePlayerScene(Definitions::kPlayerStatus status) {
 // ---------------------------------------------------------------- events
 
 bool SpatialView::event(QEvent* event) {
-    if (event->type() == SpatialEvent::spatialType()) {
-        // Items report a finished gesture here; the canvas event dispatcher will act on it.
-        return true;
-    }
+    bool result = false;
+    if (events_ && events_->dispatch(event, &result))
+        return result;
     return QWidget::event(event);
+}
+
+void SpatialView::updateMediaProperties(SpatialResizingMedia* item) {
+    if (events_)
+        events_->updateMediaProperties(item);
+}
+
+void SpatialView::moveMedia(QKeyEvent* event, int step) {
+    if (events_)
+        events_->moveMedia(event, step);
 }
 
 } // namespace spatialview

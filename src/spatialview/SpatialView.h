@@ -13,6 +13,7 @@
 class QGraphicsItem;
 class QGraphicsRectItem;
 class QGraphicsView;
+class QKeyEvent;
 class QMediaPlayer;
 
 namespace selvora {
@@ -31,6 +32,7 @@ class Scene;
 
 namespace spatialview {
 
+class CanvasEvents;
 class ImageItem;
 class MainVideo;
 class MainVideoPlayer;
@@ -68,6 +70,9 @@ public:
     void stopScene();
     void updatePlayerScene(Definitions::kPlayerStatus status);
     void generateImage(document::Media* media);
+    // Item to model: the end of a gesture recorded as a `set` sync at the current second.
+    void updateMediaProperties(SpatialResizingMedia* item);
+    void moveMedia(QKeyEvent* event, int step);
 
 public slots:
     void addSpatialResizingMedia(selvora::document::Media* media);
@@ -102,6 +107,9 @@ private slots:
     void spatialResizingClicked(int id);
 
 private:
+    // The gestures and keys of the canvas are handled there, with this view's state.
+    friend class CanvasEvents;
+
     void createSpatialView();
     void setConnections();
     void setMediaConnections();
@@ -126,6 +134,8 @@ private:
     void removeItem(const ItemKey& key);
     void forgetItem(const SpatialResizingMedia* item);
 
+    // First: children built in the constructor send events before the later members exist.
+    CanvasEvents* events_ = nullptr;
     document::Document* document_;
     QPointer<document::Scene> scene_;
     QPointer<document::Media> currentMedia_;

@@ -24,7 +24,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QImage>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QWindow>
@@ -53,15 +52,7 @@ constexpr int kSeekTotalTime = 600;
 
 double bestMs(const std::function<void()>& before, const std::function<void()>& work,
               int runs = kRuns) {
-    qint64 fastest = std::numeric_limits<qint64>::max();
-    for (int i = 0; i < runs; ++i) {
-        before();
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        fastest = std::min(fastest, timer.nsecsElapsed());
-    }
-    return fastest / 1e6;
+    return benchproject::fastestNs(runs, before, work) / 1e6;
 }
 
 double residentMb() {
@@ -80,12 +71,6 @@ void settle() {
     }
 }
 
-void reopen(Document* doc, const QString& directory, const QString& name) {
-    doc->clearDocument();
-    doc->setProjectDirectory(directory);
-    doc->setProjectName(name);
-}
-
 int countItems(SpatialGroupView* group, Document* doc) {
     int items = 0;
     for (Scene* scene : doc->getSceneAll()) {
@@ -102,23 +87,15 @@ int main(int argc, char** argv) {
     selvora::initResources();
     Definitions::setScreenSizeOverride(QSize(1600, 900));
     QTemporaryDir temp;
-    QImage image(32, 32, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    const QString picture = temp.path() + "/foto.png";
-    image.save(picture);
 
     // The project file, made once.
     Document* doc = Document::instance();
-    doc->newProject();
-    OperationsFile(doc).makeProject(temp.path() + "/grande");
-    const QString directory = doc->getProjectDirectory();
-    const QString name = doc->getProjectName();
-    const QString file = directory + "/" + name;
-    benchproject::buildProject(doc, picture);
-    OperationsFile(doc).saveProject();
+    const benchproject::SavedProject saved = benchproject::saveProject(doc, temp.path());
+    const QString& file = saved.file;
+    const QString& picture = saved.picture;
 
     // The model alone: the reader and the opening of the project, nothing listening.
-    const double model = bestMs([&] { reopen(doc, directory, name); },
+    const double model = bestMs([&] { benchproject::reopen(doc, saved); },
                                 [&] {
                                     OperationsFile(doc).loadProject();
                                     doc->openProject();

@@ -16,19 +16,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QDomDocument>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
-#include <limits>
 
-using benchproject::buildProject;
 using benchproject::kScenes;
 using selvora::Definitions;
 using selvora::document::Document;
@@ -41,15 +36,7 @@ namespace {
 constexpr int kRuns = 5;
 
 qint64 best(const std::function<void()>& before, const std::function<void()>& work) {
-    qint64 fastest = std::numeric_limits<qint64>::max();
-    for (int i = 0; i < kRuns; ++i) {
-        before();
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        fastest = std::min(fastest, timer.nsecsElapsed());
-    }
-    return fastest;
+    return benchproject::fastestNs(kRuns, before, work);
 }
 
 // The file's elements in document order, to build a DOM of the same shape with no model.
@@ -86,19 +73,9 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     Definitions::setScreenSizeOverride(QSize(1600, 900));
     QTemporaryDir temp;
-    QImage image(32, 32, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    const QString picture = temp.path() + "/foto.png";
-    image.save(picture);
-
     Document* doc = Document::instance();
-    doc->newProject();
-    OperationsFile(doc).makeProject(temp.path() + "/grande");
-    const QString directory = doc->getProjectDirectory();
-    const QString name = doc->getProjectName();
-    const QString file = directory + "/" + name;
-    buildProject(doc, picture);
-    OperationsFile(doc).saveProject(); // copies the pictures once
+    const benchproject::SavedProject saved = benchproject::saveProject(doc, temp.path());
+    const QString& file = saved.file;
 
     QDomDocument parsed;
     {
@@ -141,13 +118,8 @@ int main(int argc, char** argv) {
              });
 
     // Load through the reader, against parsing and walking the same file.
-    const qint64 load = best(
-        [doc, &directory, &name] {
-            doc->clearDocument();
-            doc->setProjectDirectory(directory);
-            doc->setProjectName(name);
-        },
-        [doc] { OperationsFile(doc).loadProject(); });
+    const qint64 load = best([doc, &saved] { benchproject::reopen(doc, saved); },
+                             [doc] { OperationsFile(doc).loadProject(); });
     int walked = 0;
     const qint64 loadFloor = best([] {},
                                   [&file, &walked] {

@@ -73,7 +73,7 @@ private:
     document::Document* doc = nullptr;
     spatialview::SpatialGroupView* group = nullptr;
 
-    SpatialView* canvas() const { return qobject_cast<SpatialView*>(group->currentWidget()); }
+    SpatialView* canvas() const { return bench->canvas(); }
     Scene* scene() const { return doc->getScene(-1); }
     SpatialResizingMedia* itemOf(const Media* media) const {
         return canvas()->getItem(SpatialView::mediaKey(media->getId()));

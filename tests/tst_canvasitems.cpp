@@ -4,6 +4,7 @@
 #include "spatialview/MainVideo.h"
 #include "spatialview/SpatialEvent.h"
 #include "spatialview/SpatialResizingMedia.h"
+#include "support/CanvasStage.h"
 #include "support/PictureProbe.h"
 #include "support/TestMain.h"
 #include "support/ViewInput.h"
@@ -25,6 +26,7 @@ using selvora::spatialview::ImageItem;
 using selvora::spatialview::MainVideo;
 using selvora::spatialview::SpatialEvent;
 using selvora::spatialview::SpatialResizingMedia;
+using selvora::test::CanvasStage;
 using selvora::test::PictureProbe;
 using selvora::test::ViewInput;
 
@@ -89,19 +91,9 @@ private slots:
 
         holder = new QWidget;
         holder->installEventFilter(&catcher);
-        canvas = new QGraphicsScene(0, 0, 720, 405, holder);
-        view = new QGraphicsView(canvas, holder);
-        view->setFrameShape(QFrame::NoFrame);
-        view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        view->setFixedSize(720, 405);
-        holder->resize(720, 405);
-        holder->show();
-        QVERIFY(QTest::qWaitForWindowExposed(holder));
-        QApplication::setActiveWindow(holder);
-        view->setFocus();
-        QTRY_VERIFY(canvas->isActive());
+        view = CanvasStage::build(holder);
+        canvas = view->scene();
+        QVERIFY(CanvasStage::show(view));
     }
     void cleanupTestCase() { delete holder; }
     void cleanup() {

@@ -1,3 +1,4 @@
+#include "app/TwoStageToolTip.h"
 #include "buffer/Buffer.h"
 #include "document/Document.h"
 #include "document/Media.h"
@@ -5,7 +6,6 @@
 #include "document/Scene.h"
 #include "document/Sync.h"
 #include "feature/Feature.h"
-#include "feature/TwoStageToolTip.h"
 #include "support/TestMain.h"
 #include "support/WindowBench.h"
 

@@ -1,3 +1,4 @@
+#include "app/TimeText.h"
 #include "buffer/Buffer.h"
 #include "document/Document.h"
 #include "document/Media.h"
@@ -106,7 +107,7 @@ private slots:
         QCOMPARE(scene->getStatusPlayer(), Status::pause);
         QVERIFY(edit("current")->isEnabled());
         QCOMPARE(part<QSlider>("timeSlider")->value(), scene->getCurrentTime());
-        QCOMPARE(edit("current")->text(), TemporalView::timeString(scene->getCurrentTime()));
+        QCOMPARE(edit("current")->text(), TimeText::timeString(scene->getCurrentTime()));
     }
 
     void playNeedsAMediaUnlessPlaying() {
@@ -132,7 +133,7 @@ private slots:
         scene->setCurrentTime(from, false);
         QTest::mouseClick(part<QPushButton>(qPrintable(button)), Qt::LeftButton);
         QCOMPARE(scene->getCurrentTime(), expected);
-        QCOMPARE(edit("current")->text(), TemporalView::timeString(expected));
+        QCOMPARE(edit("current")->text(), TimeText::timeString(expected));
         scene->setCurrentTime(30, false);
         QVERIFY(!part<QPushButton>("seekForwardButton")->isEnabled());
     }
@@ -196,8 +197,8 @@ private slots:
         QCOMPARE(boxes.last().text, text);
         QCOMPARE(scene->getCurrentTime(), current);
         QCOMPARE(scene->getTotalTime(), total);
-        QCOMPARE(edit("current")->text(), TemporalView::timeString(current));
-        QCOMPARE(edit("total")->text(), TemporalView::timeString(total));
+        QCOMPARE(edit("current")->text(), TimeText::timeString(current));
+        QCOMPARE(edit("total")->text(), TimeText::timeString(total));
         QCOMPARE(part<QSlider>("timeSlider")->maximum(), total);
         // Accepting the drop takes the set and the stop, never the start of the media.
         const bool dropped = answer == "Sim";
@@ -233,7 +234,7 @@ private slots:
         else
             WindowBench::key(Qt::Key_Return, Qt::NoModifier, target);
         QTRY_COMPARE(which == "total" ? scene->getTotalTime() : scene->getCurrentTime(), expected);
-        QCOMPARE(target->text(), TemporalView::timeString(expected));
+        QCOMPARE(target->text(), TimeText::timeString(expected));
     }
 
     void markersPlacedByTimeAndDrawnByKind_data() {
@@ -427,7 +428,7 @@ private slots:
         QHelpEvent help(QEvent::ToolTip, slider->mapTo(view, local), slider->mapToGlobal(local));
         QApplication::sendEvent(view, &help);
         QCOMPARE(view->toolTip(),
-                 inside ? TemporalView::timeString(30 * local.x() / slider->width()) : QString());
+                 inside ? TimeText::timeString(30 * local.x() / slider->width()) : QString());
     }
 };
 

@@ -5,6 +5,7 @@
 #include "spatialview/ShapeItem.h"
 #include "spatialview/TextEdit.h"
 #include "spatialview/TextItem.h"
+#include "support/CanvasStage.h"
 #include "support/PictureProbe.h"
 #include "support/TestMain.h"
 #include "support/ViewInput.h"
@@ -26,6 +27,7 @@ using selvora::spatialview::ShapeGeometry;
 using selvora::spatialview::ShapeItem;
 using selvora::spatialview::TextEdit;
 using selvora::spatialview::TextItem;
+using selvora::test::CanvasStage;
 using selvora::test::PictureProbe;
 using selvora::test::ViewInput;
 using selvora::test::WindowBench;
@@ -121,19 +123,9 @@ private slots:
         scene = Document::instance()->getScene(-1);
         QVERIFY(scene);
         holder = new QWidget;
-        canvas = new QGraphicsScene(0, 0, 720, 405, holder);
-        view = new QGraphicsView(canvas, holder);
-        view->setFrameShape(QFrame::NoFrame);
-        view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        view->setFixedSize(720, 405);
-        holder->resize(720, 405);
-        holder->show();
-        QVERIFY(QTest::qWaitForWindowExposed(holder));
-        QApplication::setActiveWindow(holder);
-        view->setFocus();
-        QTRY_VERIFY(canvas->isActive());
+        view = CanvasStage::build(holder);
+        canvas = view->scene();
+        QVERIFY(CanvasStage::show(view));
     }
     void cleanupTestCase() { delete holder; }
     void cleanup() {

@@ -2,7 +2,6 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "spatialview/MainVideo.h"
-#include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialView.h"
 #include "support/MediaFixtures.h"
 #include "support/TestMain.h"
@@ -24,9 +23,8 @@ class TestVideoPlayer : public QObject {
 private:
     std::unique_ptr<WindowBench> bench;
     document::Document* doc = nullptr;
-    spatialview::SpatialGroupView* group = nullptr;
 
-    SpatialView* canvas() const { return qobject_cast<SpatialView*>(group->currentWidget()); }
+    SpatialView* canvas() const { return bench->canvas(); }
     Scene* scene() const { return doc->getScene(-1); }
 
     // The two-second clip in the current scene, from the current second; its player loaded.
@@ -43,8 +41,7 @@ private slots:
     void initTestCase() {
         bench.reset(new WindowBench());
         doc = bench->document();
-        group = bench->panel<spatialview::SpatialGroupView>();
-        QVERIFY(group);
+        QVERIFY(canvas());
     }
     void init() { doc->newProject(); }
     void cleanupTestCase() { bench.reset(); }

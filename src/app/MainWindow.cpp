@@ -4,6 +4,7 @@
 #include "buffer/Buffer.h"
 #include "document/Document.h"
 #include "feature/Feature.h"
+#include "libraryView/LibraryView.h"
 #include "project/Project.h"
 #include "slideView/SlideView.h"
 #include "spatialview/SpatialGroupView.h"
@@ -56,6 +57,7 @@ void MainWindow::init() {
     temporalView_ = new temporalView::TemporalView(document_, this);
     feature_ = new feature::Feature(document_, this);
     spatialGroupView_ = new spatialview::SpatialGroupView(document_, this);
+    libraryView_ = new libraryView::LibraryView(document_, this);
     new buffer::Buffer(document_, this);
 
     // The menu bar does not own what it shows: the menus become its children.

@@ -1,8 +1,8 @@
 #include "app/Menu.h"
 
-#include "app/DelayedToolTip.h"
 #include "app/OrganisationInfo.h"
 #include "app/ShapePalette.h"
+#include "app/TwoStageToolTip.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -65,6 +65,15 @@ constexpr bool shapesInOrder() {
 }
 static_assert(shapesInOrder(), "the shape table follows kShapeType, one row per shape");
 
+// Connects each action's trigger to a slot of the receiver, once.
+template <typename Receiver, typename Result = void>
+void connectTriggers(Receiver* receiver,
+                     std::initializer_list<std::pair<QAction*, Result (Receiver::*)()>> rows) {
+    for (const auto& row : rows)
+        QObject::connect(row.first, &QAction::triggered, receiver, row.second,
+                         Qt::UniqueConnection);
+}
+
 using Answer = std::pair<QMessageBox::StandardButton, QString>;
 
 // The program's boxes have no parent and buttons labelled by hand.
@@ -101,7 +110,8 @@ Menu::Menu(document::Document* document, QWidget* parent)
     setDocumentConnections();
     setSceneConnections();
     // The network services come with their own work: no managers until then.
-    toolTip_ = new DelayedToolTip(this);
+    // Qt shows an action's short tip itself: the menus give their long ones only.
+    toolTip_ = new TwoStageToolTip(this, {2000, QSize(), QSize(60, 30)});
     createActions();
     createSubMenus();
     setButtonsStatus(Status::pause);
@@ -118,30 +128,30 @@ Menu::~Menu() {
 
 void Menu::setConnections() {
     const auto unique = Qt::UniqueConnection;
-    auto* doc = document_;
-    connect(newAct_, &QAction::triggered, this, &Menu::newProject, unique);
-    connect(openAct_, &QAction::triggered, this, &Menu::openProject, unique);
-    connect(saveAct_, &QAction::triggered, doc, &document::Document::saveProject, unique);
-    connect(saveAsAct_, &QAction::triggered, doc, &document::Document::saveProjectAs, unique);
-    connect(exportHtmlAct_, &QAction::triggered, this, &Menu::exportHTML, unique);
-    connect(exportNclAct_, &QAction::triggered, this, &Menu::exportNCL, unique);
-    connect(shapeAct_, &QAction::triggered, this, &Menu::showShapeMenu, unique);
-    connect(exitAct_, &QAction::triggered, this, &Menu::closeWindow, unique);
-    connect(aboutAct_, &QAction::triggered, this, &Menu::about, unique);
-    connect(reportAct_, &QAction::triggered, this, &Menu::openContactForm, unique);
-    connect(repositoryAct_, &QAction::triggered, this, &Menu::configRepository, unique);
-    connect(undoAct_, &QAction::triggered, doc, &document::Document::undoAction, unique);
-    connect(redoAct_, &QAction::triggered, doc, &document::Document::redoAction, unique);
-    connect(complementAct_, &QAction::triggered, this, &Menu::createComplementBox, unique);
-    connect(imageAct_, &QAction::triggered, this, &Menu::openImageFile, unique);
-    connect(addSceneAct_, &QAction::triggered, this, &Menu::createScene, unique);
-    connect(viewAct_, &QAction::triggered, this, &Menu::viewProject, unique);
-    connect(publishAct_, &QAction::triggered, this, &Menu::publish, unique);
-    connect(removeSceneAct_, &QAction::triggered, this, &Menu::removeScene, unique);
-    connect(templateAct_, &QAction::triggered, this, &Menu::createTemplate, unique);
-    connect(textAct_, &QAction::triggered, this, &Menu::openText, unique);
-    connect(updateAct_, &QAction::triggered, this, &Menu::settingVerifyUpdate, unique);
-    connect(videoAct_, &QAction::triggered, this, &Menu::openVideoFile, unique);
+    connectTriggers<Menu, bool>(this, {{newAct_, &Menu::newProject},
+                                       {openAct_, &Menu::openProject},
+                                       {removeSceneAct_, &Menu::removeScene}});
+    connectTriggers<document::Document>(document_,
+                                        {{saveAct_, &document::Document::saveProject},
+                                         {saveAsAct_, &document::Document::saveProjectAs},
+                                         {undoAct_, &document::Document::undoAction},
+                                         {redoAct_, &document::Document::redoAction}});
+    connectTriggers<Menu>(this, {{exportHtmlAct_, &Menu::exportHTML},
+                                 {exportNclAct_, &Menu::exportNCL},
+                                 {shapeAct_, &Menu::showShapeMenu},
+                                 {exitAct_, &Menu::closeWindow},
+                                 {aboutAct_, &Menu::about},
+                                 {reportAct_, &Menu::openContactForm},
+                                 {repositoryAct_, &Menu::configRepository},
+                                 {complementAct_, &Menu::createComplementBox},
+                                 {imageAct_, &Menu::openImageFile},
+                                 {addSceneAct_, &Menu::createScene},
+                                 {viewAct_, &Menu::viewProject},
+                                 {publishAct_, &Menu::publish},
+                                 {templateAct_, &Menu::createTemplate},
+                                 {textAct_, &Menu::openText},
+                                 {updateAct_, &Menu::settingVerifyUpdate},
+                                 {videoAct_, &Menu::openVideoFile}});
     for (const ShapeRow& row : kShapes)
         connect(shapeActions_.at(static_cast<int>(row.shape)), &QAction::triggered, this, row.slot,
                 unique);
@@ -401,34 +411,31 @@ bool Menu::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-bool Menu::newProject() {
-    switch (askToSave()) {
-    case QMessageBox::Yes:
+bool Menu::saveUnlessCancelled() {
+    const int answer = askToSave();
+    if (answer == QMessageBox::Yes)
         saveAndWait();
-        break;
-    case QMessageBox::Cancel:
+    return answer != QMessageBox::Cancel;
+}
+
+QString Menu::chooseProjectFile() {
+    // Always the home folder, wherever the media came from.
+    return QFileDialog::getOpenFileName(parent_, tr("Escolha o projeto"), QDir::homePath(),
+                                        tr("Selvora Project (*.svproj)"), nullptr,
+                                        QFileDialog::DontUseNativeDialog);
+}
+
+bool Menu::newProject() {
+    if (!saveUnlessCancelled())
         return false;
-    default:
-        break;
-    }
     document_->newProject();
     return true;
 }
 
 bool Menu::openProject() {
-    switch (askToSave()) {
-    case QMessageBox::Yes:
-        saveAndWait();
-        break;
-    case QMessageBox::Cancel:
+    if (!saveUnlessCancelled())
         return false;
-    default:
-        break;
-    }
-    // Always the home folder, wherever the media came from.
-    const QString path = QFileDialog::getOpenFileName(
-        parent_, tr("Escolha o projeto"), QDir::homePath(), tr("Selvora Project (*.svproj)"),
-        nullptr, QFileDialog::DontUseNativeDialog);
+    const QString path = chooseProjectFile();
     if (path.isEmpty())
         return false;
     document_->loadProject(path);
@@ -445,9 +452,7 @@ bool Menu::openRecentProject() {
     case QMessageBox::Yes: {
         // After saving, the user picks the project anew: the entry itself is dropped.
         saveAndWait();
-        const QString path = QFileDialog::getOpenFileName(
-            parent_, tr("Escolha o projeto"), QDir::homePath(), tr("Selvora Project (*.svproj)"),
-            nullptr, QFileDialog::DontUseNativeDialog);
+        const QString path = chooseProjectFile();
         if (!path.isEmpty())
             document_->loadProject(path);
         return true;
@@ -645,38 +650,38 @@ void Menu::showToolTip() {
 }
 
 void Menu::updateToolTipText() {
-    toolTip_->update();
+    toolTip_->showLongTip();
 }
 
 void Menu::setToolTipTexts() {
-    toolTip_->setText(
-        imageAct_,
+    toolTip_->addTip(
+        imageAct_, QString(),
         tr("Inserir Imagem:<br/><br/><font size=\"2\">Indique o local da imagem que deseja "
            "inserir na área de trabalho da ferramenta. Há propriedades como tamanho e "
            "posicionamento que podem ser manipuladas numericamente ou simplesmente "
            "arrastando e redimensionando a imagem de acordo com suas preferências. A "
            "imagem também possui a propriedade de transição de cena, entre uma cena e "
            "outra ou na mesma.</font>"));
-    toolTip_->setText(publishAct_,
-                      tr("Publicar:<br/><br/><font size=\"2\">Publique seu objeto de\naprendizagem."
-                         "</font>"));
-    toolTip_->setText(
-        shapeAct_,
+    toolTip_->addTip(publishAct_, QString(),
+                     tr("Publicar:<br/><br/><font size=\"2\">Publique seu objeto de\naprendizagem."
+                        "</font>"));
+    toolTip_->addTip(
+        shapeAct_, QString(),
         tr("Inserir Forma:<br/><br/><font size=\"2\"> Selecione a forma desejada para "
            "inserir na área de trabalho. As formas têm as propriedades tamanho e "
            "posicionamento que podem ser manipuladas numericamente ou simplesmente "
            "arrastando e redimensionando de acordo com suas preferências. A forma também "
            "possui a propriedade de cor de contorno e preenchimento da figura.</font>"));
-    toolTip_->setText(
-        textAct_,
+    toolTip_->addTip(
+        textAct_, QString(),
         tr("Inserir Texto:<br/><br/><font size=\"2\">O texto possui propriedades como "
            "tamanho e posicionamento que podem ser manipuladas numericamente ou "
            "simplesmente arrastando e redimensionando a caixa de texto de acordo com suas "
            "preferências. O texto também possui a propriedade de cor de preenchimento, "
            "escolha e tamanho de fontes, formatação do parágrafo e tipo de texto (negrito, "
            "itálico e sublinhado).</font>"));
-    toolTip_->setText(
-        videoAct_,
+    toolTip_->addTip(
+        videoAct_, QString(),
         tr("Inserir Vídeo:<br/><br/><font size=\"2\">Indique o local do vídeo que deseja "
            "inserir na área de trabalho da ferramenta. Há propriedades como tamanho e "
            "posicionamento que podem ser manipuladas numericamente ou simplesmente "

@@ -17,7 +17,7 @@ class QToolBar;
 class QWidget;
 
 namespace selvora {
-class DelayedToolTip;
+class TwoStageToolTip;
 namespace document {
 class Document;
 class Scene;
@@ -164,6 +164,9 @@ private:
     void openMediaFile(Definitions::kMediaType type);
     // Yes, No or Cancel to saving a modified project; No, without asking, when unmodified.
     int askToSave();
+    // Asks, and saves on Yes: false when the user cancels.
+    bool saveUnlessCancelled();
+    QString chooseProjectFile();
     // Saves and waits for the save's worker, which reads the model, to finish.
     void saveAndWait();
     // Saves first when the project was never saved; true when it has a name now.
@@ -207,7 +210,7 @@ private:
     QPointer<QMenu> exportMenu_;
     QWidget* parent_;
 
-    DelayedToolTip* toolTip_ = nullptr;
+    TwoStageToolTip* toolTip_ = nullptr;
 
     QList<QAction*> recentFileActs_;
 

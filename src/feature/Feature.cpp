@@ -1,5 +1,6 @@
 #include "feature/Feature.h"
 
+#include "app/TwoStageToolTip.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/NumberForm.h"
@@ -9,7 +10,6 @@
 #include "feature/ShapeTab.h"
 #include "feature/TextTab.h"
 #include "feature/TransformTab.h"
-#include "feature/TwoStageToolTip.h"
 
 #include <QColorDialog>
 #include <QComboBox>
@@ -246,13 +246,19 @@ void Feature::turnOnPropertiesConnections() {
     on(outlineDialog_, &QColorDialog::colorSelected, &Feature::updateOutlineColor);
     on(shapePage_->fillNull, &QToolButton::clicked, &Feature::updateFillColorNull);
     on(shapePage_->outlineNull, &QToolButton::clicked, &Feature::updateOutlineColorNull);
-    on(textPage_->bold, &QPushButton::clicked, &Feature::setFontBoldValue);
-    on(textPage_->italic, &QPushButton::clicked, &Feature::setFontItalicValue);
-    on(textPage_->underline, &QPushButton::clicked, &Feature::setFontUnderlineValue);
-    on(textPage_->alignLeft, &QPushButton::clicked, &Feature::textAlignLeft);
-    on(textPage_->alignCenter, &QPushButton::clicked, &Feature::textAlignCenter);
-    on(textPage_->alignRight, &QPushButton::clicked, &Feature::textAlignRight);
-    on(textPage_->justify, &QPushButton::clicked, &Feature::textAlignJustify);
+    const std::pair<QPushButton*, const int*> styles[] = {{textPage_->bold, kBoldToggle},
+                                                          {textPage_->italic, kItalicToggle},
+                                                          {textPage_->underline, kUnderlineToggle}};
+    for (const auto& style : styles)
+        on(style.first, &QPushButton::clicked,
+           [this, table = style.second] { toggleFontType(table); });
+    const std::pair<QPushButton*, int> alignments[] = {{textPage_->alignLeft, kAlignLeft},
+                                                       {textPage_->alignCenter, kAlignCenter},
+                                                       {textPage_->alignRight, kAlignRight},
+                                                       {textPage_->justify, kAlignJustify}};
+    for (const auto& alignment : alignments)
+        on(alignment.first, &QPushButton::clicked,
+           [this, value = alignment.second] { alignText(value); });
 }
 
 void Feature::turnOffPropertiesConnections() {
@@ -626,7 +632,7 @@ void Feature::setLayerToBack() {
 
 // ---------------------------------------------------------------- text style
 
-void Feature::toggleFontType(const int (&table)[8]) {
+void Feature::toggleFontType(const int* table) {
     if (!media_)
         return;
     fontType_ = table[qMax(0, fontTypeOf(media_->getFontType()))];
@@ -634,38 +640,10 @@ void Feature::toggleFontType(const int (&table)[8]) {
     updateMediaProperties();
 }
 
-void Feature::setFontBoldValue() {
-    toggleFontType(kBoldToggle);
-}
-
-void Feature::setFontItalicValue() {
-    toggleFontType(kItalicToggle);
-}
-
-void Feature::setFontUnderlineValue() {
-    toggleFontType(kUnderlineToggle);
-}
-
 void Feature::alignText(int alignment) {
     textAlignment_ = alignment;
     showAlignment(alignment);
     updateMediaProperties();
-}
-
-void Feature::textAlignLeft() {
-    alignText(kAlignLeft);
-}
-
-void Feature::textAlignCenter() {
-    alignText(kAlignCenter);
-}
-
-void Feature::textAlignRight() {
-    alignText(kAlignRight);
-}
-
-void Feature::textAlignJustify() {
-    alignText(kAlignJustify);
 }
 
 // ---------------------------------------------------------------- colours

@@ -23,9 +23,10 @@ class Scene;
 class Sync;
 } // namespace document
 
+class TwoStageToolTip;
+
 namespace feature {
 
-class TwoStageToolTip;
 class LinkTab;
 class ShapeTab;
 class TextTab;
@@ -70,13 +71,6 @@ public slots:
     void setLayerDown();
     void setLayerToFront();
     void setLayerToBack();
-    void setFontBoldValue();
-    void setFontItalicValue();
-    void setFontUnderlineValue();
-    void textAlignLeft();
-    void textAlignCenter();
-    void textAlignRight();
-    void textAlignJustify();
     void updateFillColor();
     void updateFillColorNull();
     void updateFontColor();
@@ -113,7 +107,8 @@ private:
     void showFontType(int fontType);
     void showAlignment(int alignment);
     void moveToLayerOf(const document::Media* source);
-    void toggleFontType(const int (&table)[8]);
+    // `table` gives, for each of the eight style codes, the code after the click.
+    void toggleFontType(const int* table);
     void alignText(int alignment);
     void chooseColour(QColorDialog* dialog, const QString& colour);
     void rebuildOptions(int skippedScene);

@@ -1,9 +1,10 @@
 #include "feature/LinkTab.h"
 
 #include "app/Definitions.h"
+#include "app/TimeText.h"
+#include "app/TwoStageToolTip.h"
 #include "document/Scene.h"
 #include "feature/PanelControls.h"
-#include "feature/TwoStageToolTip.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -92,13 +93,6 @@ void LinkTab::fillKeys() {
     key->setCurrentIndex(qMax(0, key->findData(chosen)));
 }
 
-QString LinkTab::timeString(int seconds) {
-    return QString("%1:%2:%3")
-        .arg(seconds / 3600, 2, 10, QChar('0'))
-        .arg(seconds % 3600 / 60, 2, 10, QChar('0'))
-        .arg(seconds % 60, 2, 10, QChar('0'));
-}
-
 int LinkTab::timeSeconds(const QStringList& fields) {
     int seconds = 0;
     for (const QString& field : fields)
@@ -107,11 +101,11 @@ int LinkTab::timeSeconds(const QStringList& fields) {
 }
 
 int LinkTab::seconds() const {
-    return qBound(0, timeSeconds(start->text().split(':')), kMaxSeconds);
+    return qBound(0, timeSeconds(start->text().split(':')), TimeText::kMaxSeconds);
 }
 
 void LinkTab::setSeconds(int seconds) {
-    start->setText(timeString(qBound(0, seconds, kMaxSeconds)));
+    start->setText(TimeText::timeString(qBound(0, seconds, TimeText::kMaxSeconds)));
 }
 
 } // namespace feature

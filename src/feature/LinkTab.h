@@ -13,9 +13,9 @@ namespace document {
 class Scene;
 }
 
-namespace feature {
-
 class TwoStageToolTip;
+
+namespace feature {
 
 // The tab "Elo": the media's link to a scene (and the second to enter it at), to a web address,
 // and its key. The panel reads and sets the controls directly; the tab builds them and their
@@ -23,9 +23,6 @@ class TwoStageToolTip;
 class LinkTab : public QWidget {
     Q_OBJECT
 public:
-    // The largest time the start edit can show, 99:59:59.
-    static constexpr int kMaxSeconds = 99 * 3600 + 59 * 60 + 59;
-
     LinkTab(TwoStageToolTip* tips, QWidget* parent = nullptr);
 
     // An empty entry, then one per scene; the entry chosen before stays chosen if it remains.
@@ -36,7 +33,7 @@ public:
     // The start edit's time in seconds, within what the edit can show.
     int seconds() const;
     void setSeconds(int seconds);
-    static QString timeString(int seconds);
+    // Each field is a base-60 digit after the one before it.
     static int timeSeconds(const QStringList& fields);
 
     QComboBox* target = nullptr;

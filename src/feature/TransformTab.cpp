@@ -1,9 +1,9 @@
 #include "feature/TransformTab.h"
 
 #include "app/Definitions.h"
+#include "app/TwoStageToolTip.h"
 #include "feature/ClampingSpinBox.h"
 #include "feature/PanelControls.h"
-#include "feature/TwoStageToolTip.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>

@@ -10,9 +10,9 @@ class QPushButton;
 class QSpinBox;
 
 namespace selvora {
-namespace feature {
-
 class TwoStageToolTip;
+
+namespace feature {
 
 // The tab "Transformar": size and position in percent of the canvas, the layer buttons, the
 // transparency and the hover effect. The panel reads and sets the controls directly; the tab

@@ -1,13 +1,13 @@
 #include "slideView/SlideListTree.h"
 
 #include "app/Definitions.h"
+#include "app/TimeText.h"
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
 #include "slideView/SceneThumbnail.h"
 #include "slideView/SlideListTreeChild.h"
 #include "slideView/SlideListTreeRoot.h"
-#include "slideView/TimeText.h"
 
 #include <QAction>
 #include <QComboBox>

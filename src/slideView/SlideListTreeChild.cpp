@@ -1,9 +1,9 @@
 #include "slideView/SlideListTreeChild.h"
 
+#include "app/TimeText.h"
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
-#include "slideView/TimeText.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -169,7 +169,8 @@ void SlideListTreeChild::load() {
     timeEdit_->setText(TimeText::timeString(time));
     showLink();
     // Seconds in decimal; an empty one is second 0.
-    eventEdit_->setText(TimeText::timeString(qBound(0, sync_->getTimeEvent().toInt(), 359999)));
+    eventEdit_->setText(
+        TimeText::timeString(qBound(0, sync_->getTimeEvent().toInt(), TimeText::kMaxSeconds)));
     setConnections();
 }
 

@@ -1,5 +1,6 @@
 #include "slideView/SlideView.h"
 
+#include "app/TwoStageToolTip.h"
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "slideView/SlideListTree.h"
@@ -10,8 +11,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTimer>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace selvora {
@@ -47,16 +46,12 @@ const ButtonText kButtons[] = {
      QT_TRANSLATE_NOOP("SlideView",
                        "Criar elo automático entre Cenas:<br/><br/><font size=\"2\">Permite "
                        "configurar transições automáticas entre uma cenas.</font>")}};
-// The pointer's box over a button, whatever the button's real size.
-constexpr int kTipBox = 30;
 } // namespace
 
 SlideView::SlideView(Document* document, QWidget* parent)
     : QWidget(parent), document_(document), scene_(document->getScene(-1)) {
     tree_ = new SlideListTree(document_, this);
-    toolTipTimer_ = new QTimer(this);
-    toolTipTimer_->setSingleShot(true);
-    toolTipTimer_->setInterval(1500);
+    toolTip_ = new TwoStageToolTip(this);
     createObjects();
     createLayout();
     setConnections();
@@ -73,6 +68,7 @@ void SlideView::createObjects() {
     for (int i = 0; i < 5; ++i) {
         *buttons[i] = new QPushButton(QIcon(kButtons[i].icon), QString(), this);
         (*buttons[i])->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        toolTip_->addTip(*buttons[i], tr(kButtons[i].shortTip), tr(kButtons[i].longTip));
     }
 }
 
@@ -106,7 +102,6 @@ void SlideView::setConnections() {
             document_->sendSceneDown(scene->getId());
     });
     connect(linkButton_, &QPushButton::clicked, tree_, &SlideListTree::setLinkAutomatic);
-    connect(toolTipTimer_, &QTimer::timeout, this, &SlideView::updateToolTipText);
 }
 
 void SlideView::setDocumentConnections() {
@@ -174,39 +169,10 @@ bool SlideView::removeScene() {
 }
 
 bool SlideView::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && getFocusItem(QCursor::pos() + QPoint(10, 10))) {
-        showToolTip();
-        toolTipTimer_->start();
-    }
+    // The pointer is taken 10 pixels lower and to the right.
+    if (event->type() == QEvent::ToolTip)
+        toolTip_->showAt(QCursor::pos() + QPoint(10, 10));
     return QWidget::event(event);
-}
-
-bool SlideView::getFocusItem(const QPoint& point) {
-    for (QPushButton* button : getButtons()) {
-        const QPoint corner = button->mapToGlobal(QPoint(0, 0));
-        if (point.x() >= corner.x() && point.x() <= corner.x() + kTipBox &&
-            point.y() >= corner.y() && point.y() <= corner.y() + kTipBox) {
-            focusItem_ = button;
-            return true;
-        }
-    }
-    return false;
-}
-
-int SlideView::focusIndex() const {
-    return getButtons().indexOf(static_cast<QPushButton*>(focusItem_));
-}
-
-void SlideView::showToolTip() {
-    const int index = focusIndex();
-    if (index >= 0)
-        QToolTip::showText(focusItem_->mapToGlobal(QPoint(0, 0)), tr(kButtons[index].shortTip));
-}
-
-void SlideView::updateToolTipText() {
-    const int index = focusIndex();
-    if (index >= 0)
-        QToolTip::showText(focusItem_->mapToGlobal(QPoint(0, 0)), tr(kButtons[index].longTip));
 }
 
 } // namespace slideView

@@ -6,11 +6,11 @@
 #include <QPointer>
 #include <QWidget>
 
-class QPoint;
 class QPushButton;
-class QTimer;
 
 namespace selvora {
+class TwoStageToolTip;
+
 namespace document {
 class Document;
 class Scene;
@@ -34,8 +34,6 @@ public slots:
     void clearList();
     void changeScene(selvora::document::Scene* scene);
     void slideViewStatus(selvora::Definitions::kPlayerStatus status);
-    void showToolTip();
-    void updateToolTipText();
     bool removeScene();
 
 protected:
@@ -48,8 +46,6 @@ private:
     void setDocumentConnections();
     void setSceneConnections();
     void setSceneDisconnections();
-    bool getFocusItem(const QPoint& point);
-    int focusIndex() const;
 
     document::Document* document_;
     QPointer<document::Scene> scene_;
@@ -59,8 +55,7 @@ private:
     QPushButton* upButton_ = nullptr;
     QPushButton* downButton_ = nullptr;
     QPushButton* linkButton_ = nullptr;
-    QWidget* focusItem_ = nullptr;
-    QTimer* toolTipTimer_ = nullptr;
+    TwoStageToolTip* toolTip_ = nullptr;
 };
 
 } // namespace slideView

@@ -21,8 +21,8 @@ const qint64 kMaxWholePixels = qint64(16384) * 16384;
 ImageItem::ImageItem(int id, const QString& path, int layer, float transparency, QString hover,
                      document::Scene* scene, QWidget* widget,
                      Definitions::kSpatialResizingType kind, QGraphicsItem* parent)
-    : SpatialResizingMedia(id, kind, parent, -1), idMedia_(id), hover_(hover), scene_(scene),
-      widget_(widget) {
+    : SpatialResizingMedia(id, kind, parent, -1), idMedia_(id), scene_(scene), widget_(widget) {
+    hover_.setKind(hover);
     loadImage(path);
     setImageTransparency(transparency);
     setImageLayer(layer);
@@ -70,81 +70,31 @@ bool ImageItem::isPlaying() const {
     return scene_ && scene_->getStatusPlayer() == Definitions::kPlayerStatus::play;
 }
 
-void ImageItem::applyHover() {
-    const int kind = hover_.toInt();
-    if (kind < 0 || kind > 9)
-        return;
-    const qreal w = boundingRect().width(), h = boundingRect().height();
-    switch (static_cast<Definitions::kHoverType>(kind)) {
-    case Definitions::kHoverType::grow:
-        setScale(1.1);
-        setPos(hoverPos_.x() - 0.1 * w / 2, hoverPos_.y() - 0.1 * h / 2);
-        break;
-    case Definitions::kHoverType::shrink:
-        setScale(0.9);
-        setPos(hoverPos_.x() + 0.1 * w / 2, hoverPos_.y() + 0.1 * h / 2);
-        break;
-    case Definitions::kHoverType::push:
-        setScale(0.9);
-        setPos(hoverPos_.x() + 0.1 * w / 2, hoverPos_.y() + 0.1 * h / 2);
-        QTimer::singleShot(500, this, &ImageItem::hoverLeave);
-        break;
-    case Definitions::kHoverType::pop:
-        setScale(1.1);
-        setPos(hoverPos_.x() - 0.1 * w / 2, hoverPos_.y() - 0.1 * h / 2);
-        QTimer::singleShot(500, this, &ImageItem::hoverLeave);
-        break;
-    case Definitions::kHoverType::floatUp:
-        setPos(hoverPos_.x(), hoverPos_.y() - 0.15 * hoverRect_.height());
-        break;
-    case Definitions::kHoverType::sink:
-        setPos(hoverPos_.x(), hoverPos_.y() + 0.15 * hoverRect_.height());
-        break;
-    case Definitions::kHoverType::backward:
-        setPos(hoverPos_.x() - 0.15 * hoverRect_.width(), hoverPos_.y());
-        break;
-    case Definitions::kHoverType::forward:
-        setPos(hoverPos_.x() + 0.15 * hoverRect_.width(), hoverPos_.y());
-        break;
-    case Definitions::kHoverType::fade:
-        break;
-    case Definitions::kHoverType::border:
-        break;
-    }
-}
-
 void ImageItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) {
     paintRect_ = boundingRect();
-    if (hovering_)
-        applyHover();
-    if (hoverEnded_) {
-        setScale(1.0);
-        hoverEnded_ = false;
-        paintRect_ = hoverRect_;
-    }
+    if (hover_.apply(this, boundingRect().size()))
+        QTimer::singleShot(500, this, &ImageItem::hoverLeave);
+    if (hover_.settle(this))
+        paintRect_ = hover_.startRect();
     if (image_.isNull())
         paintPlaceholder(painter, paintRect_);
     else
         painter->drawImage(paintRect_, image_, QRectF(0, 0, image_.width(), image_.height()));
-    if (hovering_ && hover_.toInt() == static_cast<int>(Definitions::kHoverType::border)) {
+    if (hover_.drawsBorder()) {
         painter->save();
         QPen pen;
         pen.setWidth(5);
         painter->setPen(pen);
         painter->setBrush(Qt::NoBrush);
-        painter->drawRect(hoverRect_);
+        painter->drawRect(hover_.startRect());
         painter->restore();
     }
     SpatialResizingMedia::paint(painter, option, widget);
 }
 
 void ImageItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event) {
-    if (isPlaying() && !hover_.isEmpty()) {
-        hoverPos_ = pos();
-        hovering_ = true;
-        hoverRect_ = boundingRect();
+    if (hover_.enter(pos(), boundingRect(), isPlaying()))
         update();
-    }
     SpatialResizingMedia::hoverEnterEvent(event);
 }
 
@@ -154,13 +104,7 @@ void ImageItem::hoverLeaveEvent(QGraphicsSceneHoverEvent* event) {
 }
 
 void ImageItem::hoverLeave() {
-    if (hover_.isEmpty() || !hovering_)
-        return;
-    hovering_ = false;
-    hoverEnded_ = true;
-    setPos(hoverPos_);
-    // Effects that do not move the item (the border) still need a paint to be undone.
-    update();
+    hover_.leave(this);
 }
 
 void ImageItem::mousePressEvent(QGraphicsSceneMouseEvent* event) {
@@ -180,7 +124,7 @@ void ImageItem::setImagePath(QString path) {
 void ImageItem::setHover(QString hover) {
     if (hover.isNull())
         return;
-    hover_ = hover;
+    hover_.setKind(hover);
 }
 
 void ImageItem::setImageTransparency(float transparency) {

@@ -1,6 +1,7 @@
 #ifndef SELVORA_SPATIALVIEW_IMAGEITEM_H
 #define SELVORA_SPATIALVIEW_IMAGEITEM_H
 
+#include "spatialview/HoverEffect.h"
 #include "spatialview/SpatialResizingMedia.h"
 
 #include <QImage>
@@ -58,16 +59,11 @@ protected:
 private:
     void loadImage(const QString& path);
     bool isPlaying() const;
-    void applyHover();
 
     QRectF paintRect_;
-    QRectF hoverRect_;
-    QPointF hoverPos_;
     int idMedia_;
     QImage image_;
-    QString hover_;
-    bool hovering_ = false;
-    bool hoverEnded_ = false;
+    HoverEffect hover_;
     QPointer<document::Scene> scene_;
     QWidget* widget_;
     QSize naturalSize_;

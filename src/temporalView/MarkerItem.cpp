@@ -1,5 +1,6 @@
 #include "temporalView/MarkerItem.h"
 
+#include "app/TimeText.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
 
@@ -107,20 +108,13 @@ void MarkerItem::setMarkerBounds(const QList<document::Sync*>& syncs) {
 
 void MarkerItem::setMarkerToolTip(Definitions::kSyncType type) {
     if (const Kind* kind = kindOf(type))
-        setToolTip(tr(kind->tip) + (kind->withTime ? timeToString(time_) : QString()));
+        setToolTip(tr(kind->tip) + (kind->withTime ? TimeText::timeString(time_) : QString()));
 }
 
 void MarkerItem::updateColorMarker(Definitions::kSyncType type) {
     if (const Kind* kind = kindOf(type))
         mainColor_ = kind->color;
     outlineColor_ = QColor(0, 0, 0, 150);
-}
-
-QString MarkerItem::timeToString(int seconds) {
-    return QString("%1:%2:%3")
-        .arg(seconds / 3600, 2, 10, QChar('0'))
-        .arg(seconds % 3600 / 60, 2, 10, QChar('0'))
-        .arg(seconds % 60, 2, 10, QChar('0'));
 }
 
 QVariant MarkerItem::itemChange(GraphicsItemChange change, const QVariant& value) {

@@ -51,8 +51,6 @@ public:
     // Taken off the bar for good: freed now, or after the click it still owes its view.
     void retire();
 
-    static QString timeToString(int seconds);
-
     static QPainterPath markerSquareShape(const QRect& rect, bool shadow);
     static QPainterPath markerEllipseShape(const QRect& rect, bool shadow);
     static QPainterPath markerStartShape(const QRect& rect, bool shadow);

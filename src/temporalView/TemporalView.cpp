@@ -1,5 +1,6 @@
 #include "temporalView/TemporalView.h"
 
+#include "app/TimeText.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -39,7 +40,7 @@ constexpr int kMediaLane = -10;
 constexpr int kSceneLane = 10;
 
 int editSeconds(const QLineEdit* edit) {
-    return TemporalView::timeSeconds(edit->text().split(':', Qt::SkipEmptyParts));
+    return TimeText::fromText(edit->text());
 }
 
 // The time under a point of the slider, in whole seconds of the scene.
@@ -60,14 +61,6 @@ TemporalView::TemporalView(document::Document* document, QWidget* parent)
     // Mirrors the scene that is current already, as a change of scene would.
     changeSlide(document_->getScene(-1));
     loadMarkersScene(scene_);
-}
-
-QString TemporalView::timeString(int seconds) {
-    return MarkerItem::timeToString(seconds);
-}
-
-int TemporalView::timeSeconds(const QStringList& parts) {
-    return parts.value(0).toInt() * 3600 + parts.value(1).toInt() * 60 + parts.value(2).toInt();
 }
 
 // ---------------------------------------------------------------- construction
@@ -353,13 +346,13 @@ void TemporalView::updateSeekButtons() {
 
 void TemporalView::setCurrentTime(int time) {
     slider_->setValue(time);
-    currentTimeEdit_->setText(timeString(time));
+    currentTimeEdit_->setText(TimeText::timeString(time));
     updateSeekButtons();
 }
 
 void TemporalView::setTotalTime(int time) {
     slider_->setRange(0, time);
-    totalTimeEdit_->setText(timeString(time));
+    totalTimeEdit_->setText(TimeText::timeString(time));
 }
 
 void TemporalView::updatePlayerControls(Media* media) {
@@ -446,7 +439,8 @@ bool TemporalView::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const QPoint at = slider_->mapFromGlobal(static_cast<QHelpEvent*>(event)->globalPos());
         const bool over = at.x() >= 0 && at.x() <= slider_->width() && at.y() >= 0;
-        setToolTip(over ? timeString(timeAt(sceneTotal(), at.x(), slider_->width())) : QString());
+        setToolTip(over ? TimeText::timeString(timeAt(sceneTotal(), at.x(), slider_->width()))
+                        : QString());
     }
     return QWidget::event(event);
 }
@@ -498,9 +492,9 @@ void TemporalView::updateTextCurrentTime() {
     ask(QMessageBox::Information, tr("Tempo atual da cena"),
         tr("A cena \"%1\" possui um tempo total de \"%2\". O tempo atual não pode ser maior "
            "que o tempo total.")
-            .arg(scene_->getLabel(), timeString(total)));
+            .arg(scene_->getLabel(), TimeText::timeString(total)));
     if (scene_)
-        currentTimeEdit_->setText(timeString(scene_->getCurrentTime()));
+        currentTimeEdit_->setText(TimeText::timeString(scene_->getCurrentTime()));
 }
 
 void TemporalView::updateTextTotalTime() {
@@ -508,13 +502,13 @@ void TemporalView::updateTextTotalTime() {
         return;
     const int total = editSeconds(totalTimeEdit_);
     const int old = scene_->getTotalTime();
-    if (total > kMaxTime) {
+    if (total > TimeText::kMaxSeconds) {
         // Fields over 59 count on, but the edits show two digits of hours at most.
         ask(QMessageBox::Information, tr("Tempo total da cena"),
             tr("O tempo total da cena \"%1\" não pode passar de \"%2\".")
-                .arg(scene_->getLabel(), timeString(kMaxTime)));
+                .arg(scene_->getLabel(), TimeText::timeString(TimeText::kMaxSeconds)));
         if (scene_)
-            totalTimeEdit_->setText(timeString(scene_->getTotalTime()));
+            totalTimeEdit_->setText(TimeText::timeString(scene_->getTotalTime()));
         return;
     }
     if (total < old && scene_->hasNextSync(total)) {
@@ -523,11 +517,11 @@ void TemporalView::updateTextTotalTime() {
                 tr("A mudança do tempo total da cena \"%1\" fará com que os eventos que ocorrem "
                    "do instante \"%2\" até \"%3\" sejam excluídos. Deseja prosseguir com essa "
                    "operação?\n")
-                    .arg(scene_->getLabel(), totalTimeEdit_->text(), timeString(old)));
+                    .arg(scene_->getLabel(), totalTimeEdit_->text(), TimeText::timeString(old)));
         if (!scene_)
             return;
         if (answer != QMessageBox::Yes) {
-            totalTimeEdit_->setText(timeString(old));
+            totalTimeEdit_->setText(TimeText::timeString(old));
             return;
         }
         dropSyncs(total, old);

@@ -45,12 +45,6 @@ public:
     const QList<MarkerItem*>& getSceneMarkers() const { return sceneMarkers_; }
     const QList<MarkerItem*>& getMediaMarkers() const { return mediaMarkers_; }
 
-    // "%1:%2:%3" with two-digit fields, and back from its parts.
-    static QString timeString(int seconds);
-    static int timeSeconds(const QStringList& parts);
-    // The most the "00:00:00" edits can show.
-    static constexpr int kMaxTime = 99 * 3600 + 59 * 60 + 59;
-
 public slots:
     void activateMarker(int time);
     void changeSlide(selvora::document::Scene* scene);

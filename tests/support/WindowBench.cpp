@@ -2,6 +2,9 @@
 
 #include "app/MainWindow.h"
 #include "document/Document.h"
+#include "document/Scene.h"
+#include "spatialview/SpatialGroupView.h"
+#include "spatialview/SpatialView.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -28,6 +31,11 @@ MainWindow* WindowBench::window() const {
 
 document::Document* WindowBench::document() const {
     return window_->getDocument();
+}
+
+spatialview::SpatialView* WindowBench::canvas() const {
+    auto* group = panel<spatialview::SpatialGroupView>();
+    return group ? qobject_cast<spatialview::SpatialView*>(group->currentWidget()) : nullptr;
 }
 
 QWidget* WindowBench::windowWidget() const {

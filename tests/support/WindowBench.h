@@ -11,6 +11,9 @@ class MainWindow;
 namespace document {
 class Document;
 }
+namespace spatialview {
+class SpatialView;
+}
 
 namespace test {
 
@@ -27,6 +30,8 @@ public:
 
     MainWindow* window() const;
     document::Document* document() const;
+    // The canvas of the current scene.
+    spatialview::SpatialView* canvas() const;
 
     // The first (or every) widget or object of that type inside the window.
     template <typename T> T* panel() const { return windowWidget()->findChild<T*>(); }

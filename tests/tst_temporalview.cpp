@@ -352,7 +352,7 @@ private slots:
         scene->removeSyncObject(jump);
         QCOMPARE(view->getSceneMarkers().size(), 3);
         ViewInput::drag(bar(), at, at + QPointF(40, 0));
-        QTest::qWait(0);
+        QCoreApplication::processEvents(); // the marker taken off goes by deleteLater
         QCOMPARE(scene->getAllSyncs().size(), 3);
         // Removing the media takes its markers from both lanes.
         scene->removeMedia(media->getId());

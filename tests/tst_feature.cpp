@@ -118,17 +118,12 @@ private:
         return comparable(key, shape->getProperties().value(key));
     }
 
-    void addRows();
-    void checkTypedField();
-
 private slots:
     void init();
     void cleanup();
 
     void typedFieldChangesModel_data();
     void typedFieldChangesModel();
-    void badInputIsClampedOrRefused_data();
-    void badInputIsClampedOrRefused();
     void mirrorsMediaAfterSeek();
     void followsUndoOfItsEdit();
     void showsTheMediaLink();
@@ -164,17 +159,14 @@ void TestFeature::cleanup() {
     doc->clearDocument();
 }
 
-void TestFeature::addRows() {
+// Each field lands where it must; bad input is clamped to the field's range or refused.
+void TestFeature::typedFieldChangesModel_data() {
     QTest::addColumn<QString>("before"); // a field to set first, as "field=input"
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("input");
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("expected");
     QTest::addColumn<int>("effect");
-}
-
-void TestFeature::typedFieldChangesModel_data() {
-    addRows();
     auto row = [](const char* name, const QString& before, const QString& field,
                   const QString& input, const QString& key, const QString& expected, Effect e) {
         QTest::newRow(name) << before << field << input << key << expected << int(e);
@@ -214,6 +206,18 @@ void TestFeature::typedFieldChangesModel_data() {
         "5", mediaOnly);
     row("outline style", "", "styleOutline", Definitions::getkOutlineStyleLegend(2), "styleOutline",
         "2", mediaOnly);
+    // The data are made before init: a value of the media is named, and read when typing.
+    row("width letters", "", "width", "abc", "width", "<as before>", mediaOnly);
+    row("width over", "", "width", "150", "width", "100", setSync);
+    row("X follows width", "left=30", "width", "80", "left", "20", setSync);
+    row("X negative", "", "left", "-20", "left", "0", setSync);
+    row("Y over", "top=1", "top", "250", "top", "<100 - height>", setSync);
+    row("transparency over", "", "transparency", "500", "transparency", "100", setSync);
+    row("transparency letters", "", "transparency", "x", "transparency", "0", mediaOnly);
+    row("font size letters", "", "fontSize", "abc", "fontSize", "14", mediaOnly);
+    row("font size zero", "", "fontSize", "0", "fontSize", "14", mediaOnly);
+    row("font size long", "", "fontSize", "5000", "fontSize", "500", mediaOnly);
+    row("scene start over", "link=Fin", "timeEvent", "999999", "timeEvent", "359999", linkSync);
     // A family other than the media's, that no longer name starts with.
     QFontComboBox fonts;
     QStringList families;
@@ -228,7 +232,7 @@ void TestFeature::typedFieldChangesModel_data() {
     }
 }
 
-void TestFeature::checkTypedField() {
+void TestFeature::typedFieldChangesModel() {
     QFETCH(QString, before);
     QFETCH(QString, field);
     QFETCH(QString, input);
@@ -243,36 +247,6 @@ void TestFeature::checkTypedField() {
         expected = document::NumberForm::of(100 - shape->getHeight().toDouble());
     enter(field, input);
     QCOMPARE(landed(Effect(effect), key), expected);
-}
-
-void TestFeature::typedFieldChangesModel() {
-    checkTypedField();
-}
-
-void TestFeature::badInputIsClampedOrRefused_data() {
-    addRows();
-    // The data are made before init: a value of the media is named, and read when typing.
-    const QString width = "<as before>";
-    const QString highestTop = "<100 - height>";
-    auto row = [](const char* name, const QString& before, const QString& field,
-                  const QString& input, const QString& key, const QString& expected, Effect e) {
-        QTest::newRow(name) << before << field << input << key << expected << int(e);
-    };
-    row("width letters", "", "width", "abc", "width", width, mediaOnly);
-    row("width over", "", "width", "150", "width", "100", setSync);
-    row("X follows width", "left=30", "width", "80", "left", "20", setSync);
-    row("X negative", "", "left", "-20", "left", "0", setSync);
-    row("Y over", "top=1", "top", "250", "top", highestTop, setSync);
-    row("transparency over", "", "transparency", "500", "transparency", "100", setSync);
-    row("transparency letters", "", "transparency", "x", "transparency", "0", mediaOnly);
-    row("font size letters", "", "fontSize", "abc", "fontSize", "14", mediaOnly);
-    row("font size zero", "", "fontSize", "0", "fontSize", "14", mediaOnly);
-    row("font size long", "", "fontSize", "5000", "fontSize", "500", mediaOnly);
-    row("scene start over", "link=Fin", "timeEvent", "999999", "timeEvent", "359999", linkSync);
-}
-
-void TestFeature::badInputIsClampedOrRefused() {
-    checkTypedField();
 }
 
 void TestFeature::mirrorsMediaAfterSeek() {

@@ -296,22 +296,19 @@ private slots:
         QTest::addColumn<bool>("chooser");   // the project chooser opens and picks a.svproj
         QTest::addColumn<QString>("loaded");
         QTest::addColumn<bool>("renewed");
-        QTest::newRow("new, unmodified") << "new"
-                                         << "" << false << "" << true;
-        QTest::newRow("new, Sim") << "new"
-                                  << "Sim" << false << "" << true;
-        QTest::newRow("new, Cancelar") << "new"
-                                       << "Cancelar" << false << "" << false;
-        QTest::newRow("open, Não") << "open"
-                                   << "Não" << true << "a.svproj" << false;
-        QTest::newRow("open, Cancelar") << "open"
-                                        << "Cancelar" << false << "" << false;
-        QTest::newRow("recent, Não") << "recent"
-                                     << "Não" << false << "entry.svproj" << false;
-        QTest::newRow("recent, Sim: the chooser instead") << "recent"
-                                                          << "Sim" << true << "a.svproj" << false;
-        QTest::newRow("recent, Cancelar") << "recent"
-                                          << "Cancelar" << false << "" << false;
+        auto row = [](const char* name, const char* command, const char* answer, bool chooser,
+                      const char* loaded, bool renewed) {
+            QTest::newRow(name) << QString(command) << QString::fromUtf8(answer) << chooser
+                                << QString(loaded) << renewed;
+        };
+        row("new, unmodified", "new", "", false, "", true);
+        row("new, Sim", "new", "Sim", false, "", true);
+        row("new, Cancelar", "new", "Cancelar", false, "", false);
+        row("open, Não", "open", "Não", true, "a.svproj", false);
+        row("open, Cancelar", "open", "Cancelar", false, "", false);
+        row("recent, Não", "recent", "Não", false, "entry.svproj", false);
+        row("recent, Sim: the chooser instead", "recent", "Sim", true, "a.svproj", false);
+        row("recent, Cancelar", "recent", "Cancelar", false, "", false);
     }
     void savePromptBeforeLeaving() {
         QFETCH(QString, command);

@@ -106,7 +106,8 @@ private:
 
 private slots:
     void initTestCase() {
-        picture = selvora::test::MediaFixtures::makeImage(dir.path(), "figura.png", QSize(40, 30), Qt::blue);
+        picture = selvora::test::MediaFixtures::makeImage(dir.path(), "figura.png", QSize(40, 30),
+                                                          Qt::blue);
         QVERIFY(!picture.isEmpty());
     }
 
@@ -359,20 +360,16 @@ private slots:
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("value");
         QTest::addColumn<bool>("recorded");
-        QTest::newRow("wording") << "wording"
-                                 << "novo texto" << true;
-        QTest::newRow("fill colour") << "colorFill"
-                                     << "#00ff00" << true;
-        QTest::newRow("font size") << "fontSize"
-                                   << "22" << true;
-        QTest::newRow("alignment") << "textAlignment"
-                                   << "4" << true;
-        QTest::newRow("position alone") << "left"
-                                        << "12" << false;
-        QTest::newRow("layer alone") << "layer"
-                                     << "7" << false;
-        QTest::newRow("hover alone") << "hover"
-                                     << "2" << false;
+        auto row = [](const char* name, const char* key, const char* value, bool recorded) {
+            QTest::newRow(name) << QString(key) << QString(value) << recorded;
+        };
+        row("wording", "wording", "novo texto", true);
+        row("fill colour", "colorFill", "#00ff00", true);
+        row("font size", "fontSize", "22", true);
+        row("alignment", "textAlignment", "4", true);
+        row("position alone", "left", "12", false);
+        row("layer alone", "layer", "7", false);
+        row("hover alone", "hover", "2", false);
     }
 
     void mediaProperties() {

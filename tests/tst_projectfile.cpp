@@ -218,38 +218,33 @@ private slots:
     void roundTrip() {
         QVERIFY(!makeFolder("aula").isEmpty());
         buildSample();
+        // Scenes in order, media looks sorted, syncs per scene; a loaded media's two paths agree.
+        const auto snapshot = [this](QStringList& scenes, QStringList& looks, QStringList& syncs) {
+            for (Scene* scene : doc->getSceneAllInOrder()) {
+                scenes << QString("%1|%2|%3|%4")
+                              .arg(scene->getId())
+                              .arg(scene->getLabel())
+                              .arg(scene->getTotalTime())
+                              .arg(scene->getOrder());
+                for (Media* media : scene->getAllMedias())
+                    looks << QString::number(media->getId()) + ":" + describeLook(media);
+                syncs << describeSyncs(scene);
+            }
+            looks.sort();
+        };
         QStringList scenesBefore, looksBefore, syncsBefore;
-        for (Scene* scene : doc->getSceneAllInOrder()) {
-            scenesBefore << QString("%1|%2|%3|%4")
-                                .arg(scene->getId())
-                                .arg(scene->getLabel())
-                                .arg(scene->getTotalTime())
-                                .arg(scene->getOrder());
-            for (Media* media : scene->getAllMedias())
-                looksBefore << QString::number(media->getId()) + ":" + describeLook(media);
-            syncsBefore << describeSyncs(scene);
-        }
+        snapshot(scenesBefore, looksBefore, syncsBefore);
         const QString file = save();
         const QString first = canonicalFile(file);
         QVERIFY(!first.isEmpty());
         const QString firstText = readText(file);
 
         QCOMPARE(load(file), QString("noError"));
-        QStringList scenesAfter, looksAfter, syncsAfter;
-        for (Scene* scene : doc->getSceneAllInOrder()) {
-            scenesAfter << QString("%1|%2|%3|%4")
-                               .arg(scene->getId())
-                               .arg(scene->getLabel())
-                               .arg(scene->getTotalTime())
-                               .arg(scene->getOrder());
-            for (Media* media : scene->getAllMedias()) {
-                looksAfter << QString::number(media->getId()) + ":" + describeLook(media);
+        for (Scene* scene : doc->getSceneAllInOrder())
+            for (Media* media : scene->getAllMedias())
                 QCOMPARE(media->getPathStart(), media->getPathProject());
-            }
-            syncsAfter << describeSyncs(scene);
-        }
-        std::sort(looksBefore.begin(), looksBefore.end());
-        std::sort(looksAfter.begin(), looksAfter.end());
+        QStringList scenesAfter, looksAfter, syncsAfter;
+        snapshot(scenesAfter, looksAfter, syncsAfter);
         QCOMPARE(scenesAfter, scenesBefore);
         QCOMPARE(looksAfter, looksBefore);
         // The select of the text (id 2) has neither link nor url: it is not in the file.
@@ -434,38 +429,23 @@ private slots:
         QCOMPARE(doc->getProjectViewHeight(), Definitions::getViewHeight());
     }
 
-    // Every word a file may hold comes back as its number.
-    void readerWords_data() {
-        QTest::addColumn<int>("media");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("number");
-        const char* hovers[] = {"9", "8", "0", "1", "2", "3", "4", "5", "6", "7"};
-        for (int i = 0; i < 10; ++i)
-            QTest::addRow("hover %d", i) << i << "hover" << hovers[i];
-        const char* types[] = {"0", "1", "2", "3", "4", "6", "5", "7"};
-        for (int i = 0; i < 8; ++i)
-            QTest::addRow("fontType %d", i) << i << "fontType" << types[i];
-        const char* aligns[] = {"1", "4", "2", "8"};
-        for (int i = 0; i < 4; ++i)
-            QTest::addRow("textAlignment %d", i) << i << "textAlignment" << aligns[i];
-        for (int i = 0; i < 9; ++i)
-            QTest::addRow("widthOutline %d", i) << i << "widthOutline" << QString::number(i);
-        for (int i = 0; i < 5; ++i)
-            QTest::addRow("styleOutline %d", i) << i << "styleOutline" << QString::number(i);
-        const char* shapes[] = {"0", "1", "31", "51", "35", "4", "19", "30", "15", "10"};
-        for (int i = 0; i < 10; ++i)
-            QTest::addRow("geometry %d", i) << i << "geometry" << shapes[i];
-    }
+    // Every word a file may hold comes back as its number: media n of the file holds the n-th
+    // word of each kind; the syncs at seconds 1 to 9 hold the key words.
     void readerWords() {
-        QFETCH(int, media);
-        QFETCH(QString, key);
-        QFETCH(QString, number);
         QCOMPARE(load(MediaFixtures::dataPath("project_words.svproj")), QString("noError"));
-        QCOMPARE(doc->getScene(0)->getMedia(media)->getProperties().value(key), number);
-    }
-
-    void readerKeyWords() {
-        QCOMPARE(load(MediaFixtures::dataPath("project_words.svproj")), QString("noError"));
+        const QList<QPair<QString, QStringList>> words = {
+            {"hover", {"9", "8", "0", "1", "2", "3", "4", "5", "6", "7"}},
+            {"fontType", {"0", "1", "2", "3", "4", "6", "5", "7"}},
+            {"textAlignment", {"1", "4", "2", "8"}},
+            {"widthOutline", {"0", "1", "2", "3", "4", "5", "6", "7", "8"}},
+            {"styleOutline", {"0", "1", "2", "3", "4"}},
+            {"geometry", {"0", "1", "31", "51", "35", "4", "19", "30", "15", "10"}}};
+        for (const auto& kind : words) {
+            QStringList got;
+            for (int i = 0; i < kind.second.size(); ++i)
+                got << doc->getScene(0)->getMedia(i)->getProperties().value(kind.first);
+            QCOMPARE(kind.first + ": " + got.join(','), kind.first + ": " + kind.second.join(','));
+        }
         QStringList keys;
         for (int time = 1; time <= 9; ++time)
             keys << doc->getScene(0)->getAllSyncs(time).value(0)->getKey();
@@ -752,14 +732,13 @@ private slots:
     void projectRelativePath_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("src");
-        QTest::addRow("image") << "/home/u/aula/medias/images/Midia_3.png"
-                               << "/medias/images/Midia_3.png";
-        QTest::addRow("sound") << "/home/u/aulaMidia_4.mp3"
-                               << "/home/u/aulaMidia_4.mp3";
-        QTest::addRow("short") << "a/b"
-                               << "/a/b";
-        QTest::addRow("empty") << ""
-                               << "/";
+        auto row = [](const char* name, const char* path, const char* src) {
+            QTest::addRow(name) << QString(path) << QString(src);
+        };
+        row("image", "/home/u/aula/medias/images/Midia_3.png", "/medias/images/Midia_3.png");
+        row("sound", "/home/u/aulaMidia_4.mp3", "/home/u/aulaMidia_4.mp3");
+        row("short", "a/b", "/a/b");
+        row("empty", "", "/");
     }
     void projectRelativePath() {
         QFETCH(QString, path);

@@ -5,6 +5,7 @@
 #include "spatialview/ShapeItem.h"
 #include "spatialview/TextEdit.h"
 #include "spatialview/TextItem.h"
+#include "spatialview/WordingItem.h"
 #include "support/CanvasStage.h"
 #include "support/PictureProbe.h"
 #include "support/TestMain.h"
@@ -27,6 +28,7 @@ using selvora::spatialview::ShapeGeometry;
 using selvora::spatialview::ShapeItem;
 using selvora::spatialview::TextEdit;
 using selvora::spatialview::TextItem;
+using selvora::spatialview::WordingItem;
 using selvora::test::CanvasStage;
 using selvora::test::PictureProbe;
 using selvora::test::ViewInput;
@@ -381,22 +383,20 @@ private slots:
         QFETCH(bool, written);
         const QString path = dir.filePath(QStringLiteral("%1.png").arg(QTest::currentDataTag()));
         const QRectF rect(QPointF(100, 100), itemSize);
-        QElapsedTimer clock;
-        bool result = false;
+        WordingItem* item = nullptr;
         if (isShape) {
             // A triangle leaves its top corners to the transparent ground.
             Media* m = media(Definitions::kMediaType::shape, wording, int(Shape::triangle));
-            ShapeItem* item = shape(m, rect, colour, colour, Definitions::kOutlineWidth::w1, size);
+            item = shape(m, rect, colour, colour, Definitions::kOutlineWidth::w1, size);
             item->setFontFamily(family);
             item->setColorFont(colour);
-            clock.start();
-            result = item->generateImage(path);
         } else {
-            TextItem* item = text(media(Definitions::kMediaType::text, wording), rect, "1", size,
-                                  family, colour);
-            clock.start();
-            result = item->generateImage(path);
+            item = text(media(Definitions::kMediaType::text, wording), rect, "1", size, family,
+                        colour);
         }
+        QElapsedTimer clock;
+        clock.start();
+        const bool result = item->generateImage(path);
         QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
         QCOMPARE(result, written);
         QCOMPARE(QFile::exists(path), written);
@@ -439,11 +439,9 @@ private slots:
         QTest::addColumn<qreal>("scale");
         QTest::addColumn<QPointF>("moved");
         const QString grow = QString::number(int(Definitions::kHoverType::grow));
-        const QString floatUp = QString::number(int(Definitions::kHoverType::floatUp));
         // A shape grows by a tenth of its size plus 1.1 pens (of 1 here), a text by a tenth.
         QTest::newRow("shape grow") << true << grow << 1.1 << QPointF(-10.055, -5.055);
         QTest::newRow("text grow") << false << grow << 1.1 << QPointF(-10, -5);
-        QTest::newRow("text float") << false << floatUp << 1.0 << QPointF(0, -15);
     }
     void hoverEffects() {
         QFETCH(bool, isShape);

@@ -241,6 +241,45 @@ private slots:
         delete window;
     }
 
+    // A copy whose program is gone and that the user discards, or that a later save of the
+    // project made old, is removed; only the first asks.
+    void copyDiscardedOrOutdated_data() {
+        QTest::addColumn<bool>("savedLater");
+        QTest::newRow("Descartar") << false;
+        QTest::newRow("project saved after the copy") << true;
+    }
+    void copyDiscardedOrOutdated() {
+        QFETCH(bool, savedLater);
+        const QString file = savedProject();
+        QString orphan;
+        {
+            Recovery running(doc);
+            doc->setModified(true);
+            QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(running.copyFile()).isFile(), 5000);
+            // What a killed program leaves: its folder, without a lock held.
+            orphan = Recovery::rootFolder() + "/orphan";
+            QDir().mkpath(orphan);
+            for (const char* name : {"/projeto.svproj", "/estado.json"})
+                QVERIFY(QFile::copy(QFileInfo(running.copyFile()).path() + name, orphan + name));
+            doc->setModified(false);
+        }
+        if (savedLater) {
+            QFile project(file);
+            QVERIFY(project.open(QIODevice::ReadWrite));
+            QVERIFY(project.setFileTime(QDateTime::currentDateTime().addSecs(5),
+                                        QFileDevice::FileModificationTime));
+        }
+        ModalAnswerer answerer;
+        if (!savedLater)
+            answerer.answer("Descartar");
+        const QString before = describe(doc);
+        Recovery next(doc);
+        QTRY_VERIFY(!QFileInfo::exists(orphan));
+        QCOMPARE(answerer.seen().size(), savedLater ? 0 : 1);
+        QCOMPARE(describe(doc), before);
+        QVERIFY(!doc->isModified());
+    }
+
     // The save writes beside the old file and renames: a folder gone mid-save or a write that
     // fails half-way leaves the old file whole, nothing beside it, and the project modified.
     void failedSaveKeepsOldFile_data() {

@@ -7,7 +7,8 @@
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 build="$(realpath -m "${1:-$root/build-pkg}")"
-sample="$root/tests/data/project_words.svproj"
+# The demo lesson: a project with media, as a user receives one.
+sample="$root/examples/aula-exemplo"
 
 step() { printf '\n== %s\n' "$*"; }
 fail() {
@@ -77,9 +78,9 @@ trap 'rm -rf "$work"' EXIT
 export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local/share"
 mkdir -p "$XDG_CONFIG_HOME" "$XDG_DATA_HOME"
 unset XDG_CURRENT_DESKTOP DESKTOP_SESSION KDE_FULL_SESSION GNOME_DESKTOP_SESSION_ID
-mkdir -p "$work/Aula"
-cp "$sample" "$work/Aula/exemplo.svproj"
-cp "$sample" "$work/Aula/sem-extensao"
+cp -r "$sample" "$work/Aula"
+mv "$work/Aula/aula-exemplo.svproj" "$work/Aula/exemplo.svproj"
+cp "$work/Aula/exemplo.svproj" "$work/Aula/sem-extensao"
 
 step "Associação do tipo de arquivo"
 type="$(xdg-mime query filetype "$work/Aula/exemplo.svproj")"

@@ -6,6 +6,7 @@
 #include "feature/Feature.h"
 #include "libraryView/LibraryView.h"
 #include "project/Project.h"
+#include "project/Recovery.h"
 #include "slideView/SlideView.h"
 #include "spatialview/SpatialGroupView.h"
 #include "temporalView/TemporalView.h"
@@ -59,6 +60,8 @@ void MainWindow::init() {
     spatialGroupView_ = new spatialview::SpatialGroupView(document_, this);
     libraryView_ = new libraryView::LibraryView(document_, this);
     new buffer::Buffer(document_, this);
+    // Copies the project while it has unsaved changes and offers back a copy left by a crash.
+    new project::Recovery(document_, this);
 
     // The menu bar does not own what it shows: the menus become its children.
     for (QMenu* menu : {menu_->createFileMenu(), menu_->createEditMenu(), menu_->createOptionMenu(),

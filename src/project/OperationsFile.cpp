@@ -15,7 +15,7 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
+#include <QSaveFile>
 
 #include <algorithm>
 
@@ -238,16 +238,19 @@ void OperationsFile::saveProject(bool finish) {
 
     // Whatever was typed, the file holds only what XML can hold, so that it opens again.
     const QString text = ProjectXml::xmlText(doc.toString(1));
-    QFile file(QDir::toNativeSeparators(document_->getProjectDirectory() + QLatin1Char('/') +
-                                        document_->getProjectName()));
-    // An unwritable file is not reported: the stream writes nothing and the save goes on.
-    file.open(QIODevice::WriteOnly);
-    {
-        QTextStream stream(&file);
-        stream.setCodec("UTF-8");
-        stream << text;
+    const QString path = QDir::toNativeSeparators(document_->getProjectDirectory() +
+                                                  QLatin1Char('/') + document_->getProjectName());
+    // Written beside the old file and renamed over it only when complete: a full disk or a
+    // vanished folder leaves the old file whole, nothing beside it, and the project modified.
+    // The explicit flush matters: QSaveFile::commit does not notice a write that fails there.
+    QSaveFile file(path);
+    const QByteArray bytes = text.toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+        !file.commit()) {
+        emit saveReport(QStringLiteral("writeError"), path);
+        emit finished();
+        return;
     }
-    file.close();
     document_->setModified(false);
 
     if (finish)

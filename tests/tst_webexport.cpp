@@ -2,6 +2,7 @@
 // The NCL is checked here for structure and timing; the page and the package are played in
 // headless Chromium by tests/web/run.js, against the states the program's own clock gives.
 
+#include "app/MainWindow.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -11,8 +12,12 @@
 #include "project/OperationsFile.h"
 #include "project/ScormPackage.h"
 #include "support/MediaFixtures.h"
+#include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
+#include "support/WindowBench.h"
 
+#include <QAction>
+#include <QDialog>
 #include <QDomDocument>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -73,6 +78,7 @@ private slots:
     void nclMatchesTheTimeline();
     void scormPackageUnpacksWithItsManifest();
     void lessonPlaysInTheBrowser();
+    void menuMakesThePackage();
 
 private:
     // The states of chosen seconds by the program's clock, for the browser to compare.
@@ -310,6 +316,24 @@ void TestWebExport::lessonPlaysInTheBrowser() {
         scormPackageUnpacksWithItsManifest();
     const QString failure = run("node", {web + "/run.js", setupPath}, 240000);
     QVERIFY2(failure.isEmpty(), qPrintable(failure));
+}
+
+// "Exportar > SCORM" on the opened project makes the package and says where it is.
+void TestWebExport::menuMakesThePackage() {
+    QFile::remove(scorm_.path);
+    selvora::test::WindowBench bench(folder_ + "/aula.svproj");
+    QAction* scorm = nullptr;
+    for (QAction* action : bench.window()->findChildren<QAction*>())
+        scorm = action->text() == "SCORM" ? action : scorm;
+    QVERIFY(scorm);
+    selvora::test::ModalAnswerer answerer;
+    answerer.answerWith([](QWidget* box) { qobject_cast<QDialog*>(box)->accept(); });
+    scorm->trigger();
+    QVERIFY(answerer.waitAllAnswered());
+    QCOMPARE(answerer.last().title, QString("Exportação"));
+    QCOMPARE(answerer.last().text,
+             QString("O pacote SCORM aula-scorm.zip foi criado na pasta do projeto."));
+    QVERIFY(QFileInfo(scorm_.path).size() > 0);
 }
 
 SELVORA_TEST_MAIN(TestWebExport)

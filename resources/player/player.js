@@ -232,7 +232,10 @@
             var offset = player.time - start;
             if (offset < 0) return;
             var duration = element.duration;
-            if (isFinite(duration) && start + duration <= player.time - 1) {
+            // Run out, or asked for a second past its end: a player that stops there rests on
+            // its last picture (playing again would start it over).
+            if (isFinite(duration) && (start + duration <= player.time - 1 ||
+                    offset >= duration - 0.05 || element.ended)) {
                 var end = Math.max(0, duration - 0.05);
                 if (Math.abs(element.currentTime - end) > 0.01) element.currentTime = end;
                 element.pause();

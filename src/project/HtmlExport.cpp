@@ -12,12 +12,15 @@
 #include <QSaveFile>
 
 // Q_INIT_RESOURCE must be used outside any namespace.
+static bool registerPlayerResources() {
+    Q_INIT_RESOURCE(player);
+    return true;
+}
+
+// Once, whichever thread exports first.
 static void initPlayerResources() {
-    static bool done = false;
-    if (!done) {
-        done = true;
-        Q_INIT_RESOURCE(player);
-    }
+    static const bool registered = registerPlayerResources();
+    Q_UNUSED(registered);
 }
 
 namespace selvora {

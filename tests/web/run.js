@@ -124,6 +124,39 @@ await check('a click on a linked media changes the scene', async () => {
     await page.close();
 });
 
+// Pages the player opens are recorded instead of opened, so nothing reaches the network.
+async function clickAndRecordPages(hash, id) {
+    const page = await open(lessonUrl(hash));
+    await page.evaluate(() => {
+        window.opened = [];
+        window.open = (address) => { window.opened.push(address); };
+    });
+    await started(page);
+    const [x, y] = await page.$eval(`#media-${id}`, (e) => {
+        const r = e.getBoundingClientRect();
+        return [r.left + r.width / 2, r.top + r.height / 2];
+    });
+    await page.mouse.click(x, y);
+    await page.waitForSelector('#overlay:not([hidden])');
+    const result = {
+        opened: await page.evaluate(() => window.opened),
+        button: await page.$eval('#overlay-button', (b) => b.textContent),
+        state: (await stageData(page)).state,
+    };
+    await page.close();
+    return result;
+}
+
+await check('web links open in a new page, never a javascript: address', async () => {
+    const refused = await clickAndRecordPages('cena=0&t=1', 3);
+    expect(refused.opened.length === 0, `opened ${refused.opened}`);
+    // A link pauses the lesson, which waits for "Continuar".
+    expect(refused.button === 'Continuar' && refused.state === 'pause', 'not paused');
+    const followed = await clickAndRecordPages('cena=2&t=0', 7);
+    expect(followed.opened.join() === 'http://www.exemplo.org/aula?a=1&b=2',
+        `opened ${followed.opened}`);
+});
+
 await check('the main video follows the clock', async () => {
     // The clip lasts two seconds from second 0: it plays with the clock, then rests before
     // its end while the clock goes on.

@@ -17,6 +17,7 @@
 #include "support/WindowBench.h"
 
 #include <QAction>
+#include <QDataStream>
 #include <QDialog>
 #include <QDomDocument>
 #include <QJsonArray>
@@ -93,10 +94,10 @@ private:
     ExportResult scorm_;
 };
 
-// Scenes in play order: 0 "Abertura" (video, pictures with a click link and a RED key link, a
-// text, a shape that shows from 1 to 3 and links to a javascript: address), 1 "Automática" (goto at
-// 2 to the feedback scene), 3 "Feedback" of a one-question quiz (gotos at 5 and 10), 2 "Final" (a
-// web link).
+// Scenes in play order: 0 "Abertura" (video, sound, pictures with a click link and a RED key link,
+// a text, a shape that shows from 1 to 3 and links to a javascript: address), 1 "Automática" (goto
+// at 2 to the feedback scene), 3 "Feedback" of a one-question quiz (gotos at 5 and 10), 2 "Final"
+// (a web link).
 void TestWebExport::initTestCase() {
     Document* doc = Document::instance();
     QVERIFY(selvora::project::OperationsFile(doc).makeProject(temp_.path() + "/aula"));
@@ -108,6 +109,23 @@ void TestWebExport::initTestCase() {
                                  Qt::darkGreen);
     });
     const QString picture = MediaFixtures::makeImage(temp_.path(), "foto.png", QSize(64, 48));
+    // Four seconds of silence; the save stores a sound beside the project folder.
+    const QString sound = temp_.path() + "/som.wav";
+    {
+        QFile wav(sound);
+        QVERIFY(wav.open(QIODevice::WriteOnly));
+        QDataStream out(&wav);
+        out.setByteOrder(QDataStream::LittleEndian);
+        const quint32 samples = 4 * 8000;
+        out.writeRawData("RIFF", 4);
+        out << quint32(36 + samples);
+        out.writeRawData("WAVEfmt ", 8);
+        out << quint32(16) << quint16(1) << quint16(1) << quint32(8000) << quint32(8000)
+            << quint16(1) << quint16(8);
+        out.writeRawData("data", 4);
+        out << samples;
+        wav.write(QByteArray(int(samples), char(0x80)));
+    }
 
     doc->clearDocument();
     doc->setProjectDirectory(folder_);
@@ -140,6 +158,8 @@ void TestWebExport::initTestCase() {
     media(opening, 4, MediaType::image, picture);
     sync(opening, 4, SyncType::start, 0, box(0, 80, 10, 10, 6));
     sync(opening, 4, SyncType::select, 0, {{"key", "49"}, {"link", "1"}, {"timeEvent", "0"}});
+    media(opening, 8, MediaType::audio, sound);
+    sync(opening, 8, SyncType::start, 0, {});
     media(automatic, 5, MediaType::image, picture);
     sync(automatic, 5, SyncType::start, 0, box(40, 40, 20, 20, 1));
     doc->loadSync(automatic, -1, true, SyncType::goTo, 2, {{"link", "3"}, {"timeEvent", "0"}});
@@ -242,7 +262,7 @@ void TestWebExport::nclMatchesTheTimeline() {
     expectLink("cena0/1s/start/m3");
     expectLink("cena0/3s/stop/m3");
     expectLink("cena2/0s/start/m7");
-    QCOMPARE(linkKeys.size(), 10); // eight starts, a set of one medium, a stop
+    QCOMPARE(linkKeys.size(), 11); // nine starts, a set of one medium, a stop
     // Three gotos, a click and the RED key lead from scene to scene through the body.
     QStringList jumps;
     for (QDomElement link =
@@ -275,9 +295,15 @@ void TestWebExport::scormPackageUnpacksWithItsManifest() {
     QDomDocument dom;
     QVERIFY(dom.setContent(text));
     const QDomNodeList files = dom.elementsByTagName("file");
-    QCOMPARE(files.size(), 9); // the page, the video, five pictures, a text and a shape
-    for (int i = 0; i < files.size(); ++i)
-        QVERIFY(QFileInfo(into + "/" + files.at(i).toElement().attribute("href")).isFile());
+    // The page, the video, five pictures, a text, a shape, and the sound from beside the folder.
+    QCOMPARE(files.size(), 10);
+    bool soundPacked = false;
+    for (int i = 0; i < files.size(); ++i) {
+        const QString href = files.at(i).toElement().attribute("href");
+        QVERIFY(QFileInfo(into + "/" + href).isFile());
+        soundPacked = soundPacked || href == "medias/extra/1-aulaMidia_9.wav";
+    }
+    QVERIFY(soundPacked);
 }
 
 QJsonArray TestWebExport::expectedStates(const QList<QPair<int, int>>& moments) {

@@ -45,9 +45,8 @@ QString ExportSources::nameOf(const QString& file) {
     const bool outside = name.startsWith(QLatin1String("../")) || QFileInfo(name).isAbsolute();
     if (packed_ && outside) {
         // Numbered, so that two files of the same name from different folders stay apart.
-        name = QStringLiteral("medias/extra/%1-%2")
-                   .arg(packedFiles_.size() + 1)
-                   .arg(QFileInfo(absolute).fileName());
+        name =
+            QStringLiteral("medias/extra/%1-%2").arg(++extras_).arg(QFileInfo(absolute).fileName());
     }
     if (packed_ && QFileInfo(absolute).isFile())
         packedFiles_.append({absolute, name});

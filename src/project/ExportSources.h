@@ -39,6 +39,7 @@ private:
 
     QString folder_;
     bool packed_;
+    int extras_ = 0;
     QHash<QString, QString> names_;
     QList<Packed> packedFiles_;
 };

@@ -168,6 +168,9 @@ await check('the main video follows the clock', async () => {
         expect(at >= low && at <= high, `second ${second}: video at ${at}`);
     }
     expect(await page.$eval('#media-0', (v) => v.paused), 'video still playing after its end');
+    // The four-second sound stored beside the project folder played along to its end.
+    const sound = await page.$eval('#media-8', (a) => [a.tagName, a.currentTime]);
+    expect(sound[0] === 'AUDIO' && sound[1] > 3.5 && sound[1] <= 4, `sound ${sound}`);
     await page.close();
 });
 
@@ -192,6 +195,12 @@ await check('the SCORM package reports to the platform', async () => {
         `calls ${names}`);
     const score = await page.evaluate(() => window.API.cmi.core.score.raw);
     expect(score === '100', `score ${score}`);
+    await page.close();
+});
+
+await check('the SCORM package plays with no platform around', async () => {
+    const page = await open(pathToFileURL(setup.scorm).href);
+    await started(page);
     await page.close();
 });
 

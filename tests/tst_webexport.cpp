@@ -137,7 +137,7 @@ void TestWebExport::initTestCase() {
     Scene* feedback = doc->loadScene(3, 2, 0, 10, "Feedback");
     const auto media = [doc](Scene* scene, int id, MediaType type, const QString& path) {
         doc->loadMedia(scene, path, type, id, type == MediaType::text ? kEvil : QString(),
-                       {{"wording", "Olá"}}, QString());
+                       {{"wording", "Olá"}, {"hover", id == 1 ? "0" : ""}}, QString());
     };
     const auto sync = [doc](Scene* scene, int target, SyncType type, int time,
                             const Properties& properties) {

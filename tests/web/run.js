@@ -112,13 +112,20 @@ await check('a key changes the scene, then an automatic goto', async () => {
     await page.close();
 });
 
-await check('a click on a linked media changes the scene', async () => {
+await check('hover grows a media; a click on a linked media changes the scene', async () => {
     const page = await open(lessonUrl('cena=0&t=0'));
     await started(page);
     const [x, y] = await page.$eval('#media-1', (e) => {
         const r = e.getBoundingClientRect();
         return [r.left + r.width / 2, r.top + r.height / 2];
     });
+    // "grow" while the pointer rests on it: a tenth larger, about its centre.
+    await page.mouse.move(x, y);
+    const grown = await page.$eval('#media-1', (e) => e.getBoundingClientRect().toJSON());
+    const model = setup.states[0].media.find((m) => m.id === 1).box;
+    expect(Math.abs(grown.width - 1.1 * model[2]) <= 1
+        && Math.abs(grown.left + grown.width / 2 - (model[0] + model[2] / 2)) <= 1,
+        `hover box ${JSON.stringify(grown)}`);
     await page.mouse.click(x, y);
     await waitFor(page, 'scene', 2);
     await page.close();

@@ -181,6 +181,11 @@ void TestWebExport::initTestCase() {
     QCOMPARE(QFileInfo(html_.path).fileName(), QString("aula.html"));
     QCOMPARE(html_.message, QString("O arquivo aula.html foi criado na pasta do projeto."));
     QCOMPARE(QFileInfo(scorm_.path).fileName(), QString("aula-scorm.zip"));
+    // A project never saved has no folder to export into.
+    const ExportResult nowhere = selvora::project::ScormPackage::run(doc, QString());
+    QVERIFY(!nowhere.ok);
+    QCOMPARE(nowhere.message, QString("A pasta do projeto não foi encontrada. Salve o projeto "
+                                      "antes de exportar."));
 }
 
 void TestWebExport::pageHoldsProjectTextsAsData() {

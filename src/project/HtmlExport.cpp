@@ -104,6 +104,14 @@ QByteArray HtmlExport::page(const document::Document* document, ExportSources& s
     return out;
 }
 
+bool HtmlExport::hasFolder(const QString& folder, ExportResult& result) {
+    if (!folder.isEmpty() && QFileInfo(folder).isDir())
+        return true;
+    result.message = QCoreApplication::translate(
+        "HtmlExport", "A pasta do projeto não foi encontrada. Salve o projeto antes de exportar.");
+    return false;
+}
+
 bool HtmlExport::writeFile(const QString& path, const QByteArray& data) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
@@ -114,6 +122,8 @@ bool HtmlExport::writeFile(const QString& path, const QByteArray& data) {
 
 ExportResult HtmlExport::run(const document::Document* document, const QString& folder) {
     ExportResult result;
+    if (!hasFolder(folder, result))
+        return result;
     const QString name = baseName(document, folder) + QStringLiteral(".html");
     result.path = QDir(folder).filePath(name);
     ExportSources sources(folder, false);

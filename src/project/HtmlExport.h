@@ -28,6 +28,9 @@ public:
     // The base name of the exported files: the project file's, or the folder's.
     static QString baseName(const document::Document* document, const QString& folder);
 
+    // False, with the message for the user, when there is no project folder to write into.
+    static bool hasFolder(const QString& folder, ExportResult& result);
+
     // Writes data to path through a temporary file, so that a failed export leaves the former
     // one whole.
     static bool writeFile(const QString& path, const QByteArray& data);

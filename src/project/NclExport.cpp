@@ -390,6 +390,8 @@ QByteArray NclExport::document(const document::Document* doc, const QString& fol
 
 ExportResult NclExport::run(const document::Document* doc, const QString& folder) {
     ExportResult result;
+    if (!HtmlExport::hasFolder(folder, result))
+        return result;
     const QString name = HtmlExport::baseName(doc, folder) + QStringLiteral(".ncl");
     result.path = QDir(folder).filePath(name);
     if (!HtmlExport::writeFile(result.path, document(doc, folder))) {

@@ -89,6 +89,8 @@ QByteArray ScormPackage::manifest(const QString& identifier, const QString& titl
 
 ExportResult ScormPackage::run(const document::Document* document, const QString& folder) {
     ExportResult result;
+    if (!HtmlExport::hasFolder(folder, result))
+        return result;
     const QString base = HtmlExport::baseName(document, folder);
     const QString name = base + QStringLiteral("-scorm.zip");
     result.path = QDir(folder).filePath(name);

@@ -11,6 +11,7 @@
 #include "project/NclExport.h"
 #include "project/OperationsFile.h"
 #include "project/ScormPackage.h"
+#include "project/ZipWriter.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
@@ -80,6 +81,7 @@ private slots:
     void pageHoldsProjectTextsAsData();
     void nclMatchesTheTimeline();
     void scormPackageUnpacksWithItsManifest();
+    void zipCopiesLargeFilesWhole();
     void lessonPlaysInTheBrowser();
     void menuMakesThePackage();
 
@@ -309,6 +311,29 @@ void TestWebExport::scormPackageUnpacksWithItsManifest() {
         soundPacked = soundPacked || href == "medias/extra/1-aulaMidia_9.wav";
     }
     QVERIFY(soundPacked);
+}
+
+// A file of several copy pieces, and names that would climb out of the archive refused.
+void TestWebExport::zipCopiesLargeFilesWhole() {
+    QByteArray big(3 * 1024 * 1024 + 17, '\0');
+    for (int i = 0; i < big.size(); ++i)
+        big[i] = char((unsigned(i) * 7919u) >> 3);
+    const QString source = temp_.path() + "/big.bin";
+    QFile bigFile(source);
+    QVERIFY(bigFile.open(QIODevice::WriteOnly) && bigFile.write(big) == big.size());
+    bigFile.close();
+    const QString path = temp_.path() + "/big.zip";
+    QFile zipFile(path);
+    QVERIFY(zipFile.open(QIODevice::WriteOnly));
+    selvora::project::ZipWriter zip(&zipFile);
+    QVERIFY(zip.addFile("dados/grande.bin", source));
+    QVERIFY(zip.addData("ç/leia-me.txt", "olá"));
+    QVERIFY(!selvora::project::ZipWriter(&zipFile).addData("../fora.txt", "x"));
+    QVERIFY(!selvora::project::ZipWriter(&zipFile).addData("/raiz.txt", "x"));
+    QVERIFY(zip.finish());
+    zipFile.close();
+    const QString failure = run("unzip", {"-tq", path});
+    QVERIFY2(failure.isEmpty(), qPrintable(failure));
 }
 
 QJsonArray TestWebExport::expectedStates(const QList<QPair<int, int>>& moments) {

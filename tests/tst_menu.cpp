@@ -166,8 +166,9 @@ private slots:
                 actual << describe(each, qobject_cast<QToolBar*>(widget), icon);
         }
         QCOMPARE(actual.join(';'), entries);
-        QCOMPARE(action("Exportar")->menu()->actions().size(), 2);
+        QCOMPARE(action("Exportar")->menu()->actions().size(), 3);
         QCOMPARE(action("Exportar")->menu()->actions()[1]->text(), QString("NCL"));
+        QCOMPARE(action("Exportar")->menu()->actions()[2]->text(), QString("SCORM"));
     }
 
     // Thirteen rows of four; each button inserts its shape, numbered as kShapeType.

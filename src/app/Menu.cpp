@@ -7,6 +7,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "project/Project.h"
+#include "project/ScormPackage.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -138,6 +139,7 @@ void Menu::setConnections() {
                                          {redoAct_, &document::Document::redoAction}});
     connectTriggers<Menu>(this, {{exportHtmlAct_, &Menu::exportHTML},
                                  {exportNclAct_, &Menu::exportNCL},
+                                 {exportScormAct_, &Menu::exportSCORM},
                                  {shapeAct_, &Menu::showShapeMenu},
                                  {exitAct_, &Menu::closeWindow},
                                  {aboutAct_, &Menu::about},
@@ -227,6 +229,7 @@ void Menu::createActions() {
     exportAct_ = makeAction(tr("Exportar"), QString());
     exportHtmlAct_ = makeAction(tr("HTML"), QString());
     exportNclAct_ = makeAction(tr("NCL"), QString());
+    exportScormAct_ = makeAction(tr("SCORM"), QString());
     shapeAct_ = makeAction(tr("Inserir Formas"), ":/imagens/icones-Selvora_10");
     exitAct_ = makeAction(tr("S&air"), ":/imagens/exit");
     exitAct_->setShortcut(QKeySequence(QStringLiteral("Alt+F4")));
@@ -271,6 +274,7 @@ void Menu::createSubMenus() {
     exportMenu_ = new QMenu(parent_);
     exportMenu_->addAction(exportHtmlAct_);
     exportMenu_->addAction(exportNclAct_);
+    exportMenu_->addAction(exportScormAct_);
     exportAct_->setMenu(exportMenu_);
 }
 
@@ -641,6 +645,18 @@ void Menu::exportHTML() {
 void Menu::exportNCL() {
     if (saveBeforePublishing())
         document_->exportProject(Definitions::kTypeExport::NCL);
+}
+
+// A package for a learning platform, made here from the saved project: no service is involved.
+void Menu::exportSCORM() {
+    if (!saveBeforePublishing())
+        return;
+    if (document_->isModified())
+        saveAndWait();
+    const project::ExportResult result =
+        project::ScormPackage::run(document_, document_->getProjectDirectory());
+    tell(result.ok ? QMessageBox::Information : QMessageBox::Warning, tr("Exportação"),
+         result.message);
 }
 
 // ---------------------------------------------------------------- delayed tool-tips

@@ -124,6 +124,7 @@ public slots:
     void publish();
     void exportHTML();
     void exportNCL();
+    void exportSCORM();
     void closeWindow();
     void showToolTip();
     void updateToolTipText();
@@ -186,6 +187,7 @@ private:
     QAction* exportAct_ = nullptr;
     QAction* exportHtmlAct_ = nullptr;
     QAction* exportNclAct_ = nullptr;
+    QAction* exportScormAct_ = nullptr;
     QAction* shapeAct_ = nullptr;
     QAction* exitAct_ = nullptr;
     QAction* aboutAct_ = nullptr;

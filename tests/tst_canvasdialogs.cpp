@@ -2,8 +2,10 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "document/Template.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
+#include "spatialview/TimeDialog.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
@@ -98,6 +100,10 @@ private:
     // Opens a dialog, fills it and presses "&Salvar"; a box that follows gets `answer`, and a
     // dialog left open is then closed as the user would.
     Outcome submit(void (SpatialView::*open)(), const Fill& fill, const QString& answer = "OK") {
+        return submit([this, open]() { (canvas()->*open)(); }, fill, answer);
+    }
+    Outcome submit(const std::function<void()>& open, const Fill& fill,
+                   const QString& answer = "OK") {
         Outcome outcome;
         ModalAnswerer answerer;
         answerer.answerWith([&](QWidget* dialog) {
@@ -132,7 +138,7 @@ private:
             if (outcome.stillOpen)
                 static_cast<QDialog*>(dialog)->reject();
         });
-        (canvas()->*open)();
+        open();
         outcome.title = answerer.last().title;
         return outcome;
     }
@@ -249,6 +255,61 @@ private slots:
         doc->undoAction();
         QCOMPARE(timeOf(SyncType::stop), -1);
         QVERIFY(shown());
+    }
+
+    // A template's times have their own messages; the titles of the dialogs stay.
+    void templateTimes_data() {
+        QTest::addColumn<bool>("start");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("start past the scene")
+            << true << "00:00:21"
+            << "Início de exibição do template"
+            << "O tempo do início de exibição do template não pode ser maior que o tempo total da "
+               "cena.";
+        QTest::newRow("stop at the start")
+            << false << "00:00:00"
+            << "Fim de exibição do template"
+            << "O tempo do fim de exibição do template tem que ser maior o tempo de início.";
+        QTest::newRow("stop past the scene")
+            << false << "00:00:21"
+            << "Fim de exibição do template"
+            << "O tempo do fim de exibição do template não pode ser maior que o tempo total da "
+               "cena.";
+        QTest::newRow("good stop") << false << "00:00:09"
+                                   << ""
+                                   << "";
+    }
+    void templateTimes() {
+        QFETCH(bool, start);
+        QFETCH(QString, typed);
+        QFETCH(QString, title);
+        QFETCH(QString, text);
+        document::Template* templ = doc->createTemplate(scene());
+        scene()->addTemplate(templ->getId());
+        const int id = templ->getId();
+        const auto end =
+            start ? spatialview::TimeDialog::End::start : spatialview::TimeDialog::End::stop;
+        const Outcome outcome = submit(
+            [&]() {
+                spatialview::TimeDialog dialog(doc, scene(), id, false, end, nullptr);
+                dialog.exec();
+            },
+            [&](QWidget* dialog) { setTime(dialog, 0, typed); });
+        QCOMPARE(outcome.title, start ? QString("Início de exibição da mídia.")
+                                      : QString("Fim de exibição da mídia."));
+        QCOMPARE(outcome.boxes.size(), title.isEmpty() ? 0 : 1);
+        const Sync* stop = scene()->getSync(SyncType::stop, id, false);
+        if (title.isEmpty()) {
+            QVERIFY(stop);
+            QCOMPARE(stop->getTime(), 9);
+            return;
+        }
+        QCOMPARE(outcome.boxes.at(0).title, title);
+        QCOMPARE(outcome.boxes.at(0).text, text);
+        QVERIFY(!stop);
+        QCOMPARE(scene()->getSync(SyncType::start, id, false)->getTime(), 0);
     }
 
     void automaticLink_data() {

@@ -151,6 +151,32 @@ Sync* findSync(const Scene* scene, int id, const QDomElement& action, int time) 
     return nullptr;
 }
 
+// The automatic starts all share one id: a change of a sync's time or properties also names its
+// target and kind, when they are known, so that the replay finds that very sync.
+void markTarget(QDomElement& element, const Sync* sync) {
+    if (!sync)
+        return;
+    element.setAttribute(QStringLiteral("target"), sync->getMediaTarget());
+    element.setAttribute(QStringLiteral("type"),
+                         Definitions::getkSyncTypeLegend(int(sync->getType())));
+}
+
+Sync* findMarked(const Scene* scene, const QDomElement& element, int time) {
+    const int id = intOf(element, kId);
+    if (scene && element.hasAttribute(QStringLiteral("target"))) {
+        const int target = intOf(element, QStringLiteral("target"));
+        const SyncType type = Definitions::getkSyncType(element.attribute(QStringLiteral("type")));
+        const QList<Sync*> syncs = scene->getAllSyncs();
+        for (Sync* sync : syncs) {
+            if (sync->getId() == id && sync->getMediaTarget() == target &&
+                sync->getType() == type && (time < 0 || sync->getTime() == time))
+                return sync;
+        }
+        return nullptr; // that sync is gone: another one of its id is not it
+    }
+    return findSync(scene, id, QDomElement(), time);
+}
+
 QList<Sync*> byTime(QList<Sync*> syncs) {
     std::stable_sort(syncs.begin(), syncs.end(),
                      [](const Sync* a, const Sync* b) { return a->getTime() < b->getTime(); });
@@ -186,6 +212,9 @@ const Buffer::ReplayRow Buffer::kReplays[] = {
 
 Buffer::Buffer(Document* document, QWidget* parent) : QWidget(parent), document_(document) {
     hide();
+    // Steps are marks, not changes: they are followed whatever a replay has cut.
+    connect(document_, &Document::historyStepBegun, this, &Buffer::beginStep);
+    connect(document_, &Document::historyStepEnded, this, &Buffer::endStep);
     loadConnections();
 }
 
@@ -207,28 +236,45 @@ void Buffer::addHistoric(ActionType type, QDomDocument document, QDomElement pay
         records_.removeFirst();
     if (records_.size() > kMaxRecords - 1)
         records_.removeLast();
-    records_.prepend({document, element});
+    const bool joined = stepDepth_ > 0 && stepRecords_++ > 0;
+    records_.prepend({document, element, joined});
     position_ = 0;
 }
 
+void Buffer::beginStep() {
+    if (stepDepth_++ == 0)
+        stepRecords_ = 0;
+}
+
+void Buffer::endStep() {
+    if (stepDepth_ > 0)
+        --stepDepth_;
+}
+
 void Buffer::undo() {
-    if (records_.isEmpty() || position_ < 0 || position_ >= records_.size())
-        return;
-    const Record record = records_.at(position_);
-    if (record.element.firstChild().nodeName().isEmpty())
-        return;
-    replay(record, true);
-    ++position_;
+    bool joined = true;
+    while (joined) {
+        if (records_.isEmpty() || position_ < 0 || position_ >= records_.size())
+            return;
+        const Record record = records_.at(position_);
+        if (record.element.firstChild().nodeName().isEmpty())
+            return;
+        replay(record, true);
+        ++position_;
+        joined = record.joined;
+    }
 }
 
 void Buffer::redo() {
-    if (position_ < 1 || position_ > records_.size())
-        return;
-    const Record record = records_.at(position_ - 1);
-    if (record.element.firstChild().nodeName().isEmpty())
-        return;
-    replay(record, false);
-    --position_;
+    do {
+        if (position_ < 1 || position_ > records_.size())
+            return;
+        const Record record = records_.at(position_ - 1);
+        if (record.element.firstChild().nodeName().isEmpty())
+            return;
+        replay(record, false);
+        --position_;
+    } while (position_ >= 1 && records_.at(position_ - 1).joined);
 }
 
 void Buffer::replay(const Record& record, bool undo) {
@@ -606,6 +652,7 @@ void Buffer::alterSyncTimeHistoric(int id, int oldTime, int newTime) {
     element.setAttribute(kId, id);
     element.setAttribute(kOldTime, oldTime);
     element.setAttribute(kNewTime, newTime);
+    markTarget(element, sync);
     payload.appendChild(element);
     addHistoric(ActionType::alterSyncTime, doc, payload);
 }
@@ -626,6 +673,7 @@ void Buffer::alterSyncPropertiesHistoric(int id, QHash<QString, QString> oldProp
     QDomElement payload = sceneElement(doc, current);
     QDomElement element = doc.createElement(kSync);
     element.setAttribute(kId, id);
+    markTarget(element, sync);
     appendProperties(doc, element, kOldProperties, oldProperties);
     appendProperties(doc, element, kNewProperties, newProperties);
     payload.appendChild(element);
@@ -644,8 +692,12 @@ void Buffer::updateSyncStartStopSpecialConditionHistoric(Sync* sync, int oldTime
         const bool simple =
             legend == Definitions::getkActionTypeLegend(int(ActionType::alterSyncTime)) ||
             legend == Definitions::getkActionTypeLegend(int(ActionType::createSync));
-        if (simple && intOf(element, kId) == sync->getId())
+        if (simple && intOf(element, kId) == sync->getId()) {
             records_.removeFirst();
+            // The compound record takes the place of the simple one in an open step.
+            if (stepDepth_ > 0 && stepRecords_ > 0)
+                --stepRecords_;
+        }
     }
     syncsRemoved_.clear();
     for (const Sync* other : removed)
@@ -884,10 +936,9 @@ void Buffer::alterSyncTime(const QDomElement& payload, bool undo) {
     if (!makeCurrent(scene, payload))
         return;
     const QDomElement element = payload.firstChildElement(kSync);
-    Sync* sync = findSync(scene, intOf(element, kId), QDomElement(),
-                          intOf(element, undo ? kNewTime : kOldTime));
+    Sync* sync = findMarked(scene, element, intOf(element, undo ? kNewTime : kOldTime));
     if (!sync)
-        sync = findSync(scene, intOf(element, kId), QDomElement(), -1);
+        sync = findMarked(scene, element, -1);
     if (!sync)
         return;
     detachScene(scene);
@@ -901,7 +952,7 @@ void Buffer::alterSyncProperties(const QDomElement& payload, bool undo) {
     if (!makeCurrent(scene, payload))
         return;
     const QDomElement element = payload.firstChildElement(kSync);
-    Sync* sync = findSync(scene, intOf(element, kId), QDomElement(), -1);
+    Sync* sync = findMarked(scene, element, -1);
     if (!sync)
         return;
     detachScene(scene);

@@ -43,6 +43,9 @@ public slots:
     void redo();
     void clearBuffer();
     void loadConnections();
+    // The records made between the two are undone and redone together.
+    void beginStep();
+    void endStep();
 
     void setDocumentConnections();
     void setDocumentDisconnections();
@@ -86,6 +89,7 @@ private:
     struct Record {
         QDomDocument document; // keeps the element's owner alive
         QDomElement element;
+        bool joined = false; // undone and redone with the record before it
     };
 
     void replay(const Record& record, bool undo);
@@ -130,6 +134,9 @@ private:
     QList<Record> records_;
     // Ids, not pointers: the syncs themselves are deleted by the removals the list announces.
     QList<int> syncsRemoved_;
+    // An open step and how many records it holds so far.
+    int stepDepth_ = 0;
+    int stepRecords_ = 0;
 };
 
 } // namespace buffer

@@ -52,6 +52,9 @@ public:
     void insertLayout(Definitions::kLayoutType type) { emit openLayout(type); }
     void updateRecentFiles() { emit recentFilesUpdate(); }
     void updadeSceneOrder() { emit sceneUpdateOrder(); }
+    // The changes between the two make one step of the history (see HistoryStep).
+    void beginHistoryStep() { emit historyStepBegun(); }
+    void endHistoryStep() { emit historyStepEnded(); }
 
     // --- accessors ---
     QString getTitle() const { return title_; }
@@ -160,6 +163,8 @@ signals:
     void openLayout(selvora::Definitions::kLayoutType type);
     void recentFilesUpdate();
     void sceneUpdateOrder();
+    void historyStepBegun();
+    void historyStepEnded();
 
     void project(QString title);
     void projectName(QString name);

@@ -1,6 +1,7 @@
 #include "feature/LinkTab.h"
 
 #include "app/Definitions.h"
+#include "app/KeyChoices.h"
 #include "app/TimeText.h"
 #include "app/TwoStageToolTip.h"
 #include "document/Scene.h"
@@ -15,8 +16,6 @@
 
 namespace selvora {
 namespace feature {
-
-using Key = Definitions::kButtonType;
 
 LinkTab::LinkTab(TwoStageToolTip* tips, QWidget* parent) : QWidget(parent) {
     target = new QComboBox(this);
@@ -68,29 +67,7 @@ void LinkTab::fillScenes(const QList<document::Scene*>& scenes) {
 }
 
 void LinkTab::fillKeys() {
-    struct Entry {
-        Key key;
-        const char* picture;
-    };
-    static const Entry kKeys[] = {
-        {Key::RED, ":/imagens/red"},
-        {Key::GREEN, ":/imagens/green"},
-        {Key::YELLOW, ":/imagens/yellow"},
-        {Key::BLUE, ":/imagens/blue"},
-        {Key::ENTER, ":/imagens/enter"},
-        {Key::CURSOR_UP, ":/imagens/cursor_up"},
-        {Key::CURSOR_LEFT, ":/imagens/cursor_left"},
-        {Key::CURSOR_RIGHT, ":/imagens/cursor_right"},
-        {Key::CURSOR_DOWN, ":/imagens/cursor_down"},
-    };
-    const QVariant chosen = key->currentData();
-    key->clear();
-    key->addItem(QString(), -1);
-    for (const Entry& entry : kKeys) {
-        const int code = int(entry.key);
-        key->addItem(QIcon(entry.picture), Definitions::getkButtonTypeLegendBr(code), code);
-    }
-    key->setCurrentIndex(qMax(0, key->findData(chosen)));
+    KeyChoices::fill(key);
 }
 
 int LinkTab::timeSeconds(const QStringList& fields) {

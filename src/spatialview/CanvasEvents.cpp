@@ -137,12 +137,27 @@ bool CanvasEvents::keyPress(QKeyEvent* event) {
             syncs = scene->getAllSyncsWithKey(QString::number(Qt::Key_Enter));
         fireLinks(syncs);
     }
+    if (event->key() == Qt::Key_Delete)
+        view_->removeMedia();
     if (event->modifiers() & Qt::ControlModifier) {
-        // Copy, paste and removal come with the canvas commands; X is taken and does nothing.
-        if (event->key() == Qt::Key_Z)
+        // X is taken and does nothing.
+        switch (event->key()) {
+        case Qt::Key_C:
+            if (view_->spatialScene_.focusItem())
+                view_->copyMedia();
+            break;
+        case Qt::Key_V:
+            view_->pasteMedia();
+            break;
+        case Qt::Key_Z:
             view_->document_->undoAction();
-        else if (event->key() == Qt::Key_Y)
+            break;
+        case Qt::Key_Y:
             view_->document_->redoAction();
+            break;
+        default:
+            break;
+        }
     }
     return true;
 }

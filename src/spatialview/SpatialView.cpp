@@ -6,6 +6,7 @@
 #include "document/Scene.h"
 #include "document/Sync.h"
 #include "document/Template.h"
+#include "spatialview/CanvasCommands.h"
 #include "spatialview/CanvasEvents.h"
 #include "spatialview/ImageItem.h"
 #include "spatialview/MainVideo.h"
@@ -20,6 +21,7 @@
 #include <QPen>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace selvora {
@@ -55,6 +57,7 @@ SpatialView::SpatialView(document::Document* document, Scene* scene, QWidget* pa
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAttribute(Qt::WA_MouseTracking);
     events_ = new CanvasEvents(this);
+    commands_ = new CanvasCommands(this);
     setConnections();
 }
 
@@ -86,7 +89,8 @@ void SpatialView::createSpatialView() {
 void SpatialView::setConnections() {
     connect(&spatialScene_, &QGraphicsScene::focusItemChanged, this, &SpatialView::updateItemFocus,
             Qt::UniqueConnection);
-    // The context menu, its actions and the shape menu are wired here with the canvas commands.
+    connect(this, &QWidget::customContextMenuRequested, this, &SpatialView::showContextMenu,
+            Qt::UniqueConnection);
 }
 
 QMediaPlayer* SpatialView::mediaPlayer() const {
@@ -147,7 +151,12 @@ TextItem* SpatialView::makeText(Media* media) {
     text->setFontType(media->getFontType());
     connect(text, &TextItem::itemClicked, this, &SpatialView::spatialResizingClicked,
             Qt::UniqueConnection);
-    // An emptied text asks for its removal with the canvas commands; until then it stays.
+    // An emptied text asks for its own removal, whatever has focus by then.
+    connect(text, &TextItem::deleteItem, this, [this, text]() {
+        const auto known = std::find(resizingItems_.cbegin(), resizingItems_.cend(), text);
+        if (commands_ && known != resizingItems_.cend())
+            commands_->removeMedia(text);
+    });
     return text;
 }
 
@@ -691,6 +700,83 @@ void SpatialView::updateMediaProperties(SpatialResizingMedia* item) {
 void SpatialView::moveMedia(QKeyEvent* event, int step) {
     if (events_)
         events_->moveMedia(event, step);
+}
+
+// ---------------------------------------------------------------- commands and dialogs
+
+SpatialView::TimeTarget SpatialView::timeTarget() const {
+    // A region item notified last sets its template's times; region items come with the
+    // template work, so the current media is the target for now.
+    TimeTarget target;
+    if (scene_) {
+        if (const Media* media = scene_->getMedia(-1))
+            target.id = media->getId();
+    }
+    return target;
+}
+
+void SpatialView::showContextMenu(const QPoint& pos) {
+    commands_->showContextMenu(pos);
+}
+
+void SpatialView::copyMedia() {
+    commands_->copyMedia();
+}
+
+void SpatialView::pasteMedia() {
+    commands_->pasteMedia();
+}
+
+void SpatialView::changeMedia() {
+    commands_->changeMedia();
+}
+
+void SpatialView::editTextMedia() {
+    commands_->editTextMedia();
+}
+
+void SpatialView::removeMedia() {
+    commands_->removeMedia();
+}
+
+void SpatialView::sendToBack() {
+    commands_->changeLayer(CanvasCommands::sendToBack);
+}
+
+void SpatialView::bringToFront() {
+    commands_->changeLayer(CanvasCommands::bringToFront);
+}
+
+void SpatialView::sendBackward() {
+    commands_->changeLayer(CanvasCommands::sendBackward);
+}
+
+void SpatialView::bringForward() {
+    commands_->changeLayer(CanvasCommands::bringForward);
+}
+
+void SpatialView::setStartTime() {
+    commands_->openDialog(CanvasCommands::startTime);
+}
+
+void SpatialView::setStopTime() {
+    commands_->openDialog(CanvasCommands::stopTime);
+}
+
+void SpatialView::setLinkAutomatic() {
+    commands_->openDialog(CanvasCommands::linkAutomatic);
+}
+
+void SpatialView::setLinkInteractive() {
+    commands_->openDialog(CanvasCommands::linkInteractive);
+}
+
+void SpatialView::setLinkInteractiveWeb() {
+    commands_->openDialog(CanvasCommands::linkWeb);
+}
+
+void SpatialView::renameMedia() {
+    commands_->openDialog(CanvasCommands::rename);
 }
 
 } // namespace spatialview

@@ -32,6 +32,7 @@ class Scene;
 
 namespace spatialview {
 
+class CanvasCommands;
 class CanvasEvents;
 class ImageItem;
 class MainVideo;
@@ -62,6 +63,14 @@ public:
     MainVideo* getMainVideo() const { return mainVideo_; }
     // Null until the scene's video was first loaded.
     QMediaPlayer* mediaPlayer() const;
+    CanvasCommands* commands() const { return commands_; }
+
+    // What the time dialogs set: a media, or a template.
+    struct TimeTarget {
+        int id = -1;
+        bool isMedia = true;
+    };
+    TimeTarget timeTarget() const;
 
     void load();
     void loadVideo();
@@ -95,6 +104,24 @@ public slots:
     void drawTemplateBorders(int templateId);
     void showSpatialResizingRegion(selvora::document::Region* region, bool visible);
 
+    // The canvas commands and their dialogs.
+    void showContextMenu(const QPoint& pos);
+    void copyMedia();
+    void pasteMedia();
+    void changeMedia();
+    void editTextMedia();
+    void setStartTime();
+    void setStopTime();
+    void setLinkAutomatic();
+    void setLinkInteractive();
+    void setLinkInteractiveWeb();
+    void renameMedia();
+    void removeMedia();
+    void sendToBack();
+    void bringToFront();
+    void sendBackward();
+    void bringForward();
+
 signals:
     void finished();
     void clicked();
@@ -107,8 +134,10 @@ private slots:
     void spatialResizingClicked(int id);
 
 private:
-    // The gestures and keys of the canvas are handled there, with this view's state.
+    // The gestures and keys of the canvas, and its commands, are handled there with this
+    // view's state.
     friend class CanvasEvents;
+    friend class CanvasCommands;
 
     void createSpatialView();
     void setConnections();
@@ -136,6 +165,7 @@ private:
 
     // First: children built in the constructor send events before the later members exist.
     CanvasEvents* events_ = nullptr;
+    CanvasCommands* commands_ = nullptr;
     document::Document* document_;
     QPointer<document::Scene> scene_;
     QPointer<document::Media> currentMedia_;

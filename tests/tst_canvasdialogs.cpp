@@ -1,0 +1,506 @@
+#include "document/Document.h"
+#include "document/Media.h"
+#include "document/Scene.h"
+#include "document/Sync.h"
+#include "document/Template.h"
+#include "spatialview/SpatialResizingMedia.h"
+#include "spatialview/SpatialView.h"
+#include "spatialview/TimeDialog.h"
+#include "support/MediaFixtures.h"
+#include "support/ModalAnswerer.h"
+#include "support/TestMain.h"
+#include "support/WindowBench.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace selvora;
+using namespace selvora::test;
+using document::Media;
+using document::Scene;
+using document::Sync;
+using spatialview::SpatialView;
+using SyncType = Definitions::kSyncType;
+using Fill = std::function<void(QWidget*)>;
+
+namespace {
+
+// Answers every request on 127.0.0.1: 200 for "/ok", 404 otherwise.
+class PageServer : public QTcpServer {
+public:
+    PageServer() {
+        listen(QHostAddress::LocalHost, 0);
+        connect(this, &QTcpServer::newConnection, this, [this]() {
+            QTcpSocket* socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket, [socket]() {
+                const QByteArray request = socket->readAll();
+                const bool ok = request.contains(" /ok ");
+                socket->write(ok ? "HTTP/1.1 200 OK\r\n" : "HTTP/1.1 404 Not Found\r\n");
+                socket->write("Content-Length: 0\r\nConnection: close\r\n\r\n");
+                socket->disconnectFromHost();
+            });
+            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        });
+    }
+    QString url(const QString& path) const {
+        return QString("127.0.0.1:%1%2").arg(serverPort()).arg(path);
+    }
+};
+
+// What a dialog showed and left.
+struct Outcome {
+    QString title;
+    QList<ModalAnswerer::Seen> boxes;
+    bool stillOpen = false;
+};
+
+void setTime(QWidget* dialog, int index, const QString& text) {
+    dialog->findChildren<QLineEdit*>().at(index)->setText(text);
+}
+
+void choose(QWidget* dialog, int index, int data) {
+    QComboBox* box = dialog->findChildren<QComboBox*>().at(index);
+    box->setCurrentIndex(box->findData(data));
+}
+
+} // namespace
+
+class TestCanvasDialogs : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowBench> bench;
+    std::unique_ptr<QTemporaryDir> files;
+    document::Document* doc = nullptr;
+    Media* media = nullptr;
+
+    SpatialView* canvas() const { return bench->canvas(); }
+    Scene* scene() const { return doc->getScene(-1); }
+    int timeOf(SyncType type) const {
+        const Sync* sync = scene()->getSync(type, media->getId(), true);
+        return sync ? sync->getTime() : -1;
+    }
+    bool shown() const {
+        return canvas()->getItem(SpatialView::mediaKey(media->getId()))->isVisible();
+    }
+
+    // Opens a dialog, fills it and presses "&Salvar"; a box that follows gets `answer`, and a
+    // dialog left open is then closed as the user would.
+    Outcome submit(void (SpatialView::*open)(), const Fill& fill, const QString& answer = "OK") {
+        return submit([this, open]() { (canvas()->*open)(); }, fill, answer);
+    }
+    Outcome submit(const std::function<void()>& open, const Fill& fill,
+                   const QString& answer = "OK") {
+        Outcome outcome;
+        ModalAnswerer answerer;
+        answerer.answerWith([&](QWidget* dialog) {
+            fill(dialog);
+            // The boxes over the dialog only; the dialog itself stays for the code to close.
+            QList<QPointer<QMessageBox>> answered;
+            QTimer boxes;
+            boxes.setInterval(20);
+            connect(&boxes, &QTimer::timeout, [&]() {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                if (!box || answered.contains(box))
+                    return;
+                answered << box;
+                ModalAnswerer::Seen seen;
+                seen.title = box->windowTitle();
+                seen.text = box->text();
+                seen.pressed = answer;
+                outcome.boxes << seen;
+                ModalAnswerer::pressButton(box, answer);
+            });
+            boxes.start();
+            QPushButton* save = nullptr;
+            for (QPushButton* button : dialog->findChildren<QPushButton*>())
+                save = button->text() == "&Salvar" ? button : save;
+            save->click();
+            // A check of an address goes on after the click.
+            QElapsedTimer clock;
+            clock.start();
+            while (dialog->isVisible() && !save->isEnabled() && clock.elapsed() < 10000)
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            outcome.stillOpen = dialog->isVisible();
+            if (outcome.stillOpen)
+                static_cast<QDialog*>(dialog)->reject();
+        });
+        open();
+        outcome.title = answerer.last().title;
+        return outcome;
+    }
+
+private slots:
+    void initTestCase() {
+        bench.reset(new WindowBench());
+        doc = bench->document();
+    }
+    void init() {
+        files.reset(new QTemporaryDir());
+        doc->newProject();
+        scene()->setTotalTime(20);
+        const QString path = MediaFixtures::makeImage(files->path(), "a.png", QSize(60, 40));
+        media = doc->createMedia(scene(), path, Definitions::kMediaType::image, "", "");
+        media->setLabel("Foto");
+    }
+    void cleanupTestCase() { bench.reset(); }
+
+    void startTime_data() {
+        QTest::addColumn<int>("stop"); // -1: none
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("start");
+        QTest::newRow("past the scene")
+            << -1 << "00:00:21"
+            << "Início de exibição da mídia"
+            << "O tempo do início de exibição da mídia \"Foto\" não pode ser maior que o tempo "
+               "total da cena."
+            << 0;
+        QTest::newRow("at the stop") << 10 << "00:00:10"
+                                     << "Início de exibição da mídia"
+                                     << "O tempo do início de exibição da mídia \"Foto\" tem que "
+                                        "ser menor que o tempo de fim."
+                                     << 0;
+        QTest::newRow("before the stop: kept from here") << 10 << "00:00:04"
+                                                         << ""
+                                                         << "" << 0;
+        QTest::newRow("good") << -1 << "00:00:05"
+                              << ""
+                              << "" << 5;
+    }
+    void startTime() {
+        QFETCH(int, stop);
+        QFETCH(QString, typed);
+        QFETCH(QString, title);
+        QFETCH(QString, text);
+        QFETCH(int, start);
+        if (stop >= 0)
+            doc->createSync(scene(), media->getId(), true, SyncType::stop, stop,
+                            media->getProperties());
+        scene()->setCurrentTime(3, false);
+        scene()->resetExecuteSyncs();
+        const Outcome outcome = submit(&SpatialView::setStartTime, [&](QWidget* dialog) {
+            QCOMPARE(dialog->findChild<QLineEdit*>()->text(), QString("00:00:00"));
+            setTime(dialog, 0, typed);
+        });
+        QCOMPARE(outcome.title, QString("Início de exibição da mídia."));
+        QCOMPARE(outcome.boxes.size(), title.isEmpty() ? 0 : 1);
+        if (!title.isEmpty()) {
+            QCOMPARE(outcome.boxes.at(0).title, title);
+            QCOMPARE(outcome.boxes.at(0).text, text);
+        }
+        QCOMPARE(outcome.stillOpen, start == 0);
+        QCOMPARE(timeOf(SyncType::start), start);
+        QCOMPARE(shown(), start <= 3);
+        if (start == 0)
+            return;
+        // One step back: the start and the picture as they were.
+        doc->undoAction();
+        QCOMPARE(timeOf(SyncType::start), 0);
+        QVERIFY(shown());
+    }
+
+    void stopTime_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("stop");
+        QTest::newRow("at the start")
+            << "00:00:02"
+            << "O tempo do fim de exibição da mídia \"Foto\" tem que ser maior o tempo de início."
+            << -1;
+        QTest::newRow("past the scene") << "00:00:21"
+                                        << "O tempo do fim de exibição da mídia \"Foto\" não pode "
+                                           "ser maior que o tempo total da cena."
+                                        << -1;
+        QTest::newRow("at the end of the scene") << "00:00:20"
+                                                 << "" << 20;
+        QTest::newRow("before now") << "00:00:04"
+                                    << "" << 4;
+    }
+    void stopTime() {
+        QFETCH(QString, typed);
+        QFETCH(QString, text);
+        QFETCH(int, stop);
+        doc->createSync(scene(), media->getId(), true, SyncType::start, 2, media->getProperties());
+        scene()->setCurrentTime(6, false);
+        scene()->resetExecuteSyncs();
+        const Outcome outcome = submit(&SpatialView::setStopTime, [&](QWidget* dialog) {
+            QCOMPARE(dialog->findChild<QLineEdit*>()->text(), QString("00:00:06"));
+            setTime(dialog, 0, typed);
+        });
+        QCOMPARE(outcome.title, QString("Fim de exibição da mídia."));
+        QCOMPARE(outcome.boxes.size(), text.isEmpty() ? 0 : 1);
+        if (!text.isEmpty()) {
+            QCOMPARE(outcome.boxes.at(0).title, QString("Fim de exibição da mídia"));
+            QCOMPARE(outcome.boxes.at(0).text, text);
+        }
+        QCOMPARE(timeOf(SyncType::stop), stop);
+        QCOMPARE(shown(), stop < 0 || stop > 6);
+        if (stop < 0)
+            return;
+        doc->undoAction();
+        QCOMPARE(timeOf(SyncType::stop), -1);
+        QVERIFY(shown());
+    }
+
+    // A template's times have their own messages; the titles of the dialogs stay.
+    void templateTimes_data() {
+        QTest::addColumn<bool>("start");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("start past the scene")
+            << true << "00:00:21"
+            << "Início de exibição do template"
+            << "O tempo do início de exibição do template não pode ser maior que o tempo total da "
+               "cena.";
+        QTest::newRow("stop at the start")
+            << false << "00:00:00"
+            << "Fim de exibição do template"
+            << "O tempo do fim de exibição do template tem que ser maior o tempo de início.";
+        QTest::newRow("stop past the scene")
+            << false << "00:00:21"
+            << "Fim de exibição do template"
+            << "O tempo do fim de exibição do template não pode ser maior que o tempo total da "
+               "cena.";
+        QTest::newRow("good stop") << false << "00:00:09"
+                                   << ""
+                                   << "";
+    }
+    void templateTimes() {
+        QFETCH(bool, start);
+        QFETCH(QString, typed);
+        QFETCH(QString, title);
+        QFETCH(QString, text);
+        document::Template* templ = doc->createTemplate(scene());
+        scene()->addTemplate(templ->getId());
+        const int id = templ->getId();
+        const auto end =
+            start ? spatialview::TimeDialog::End::start : spatialview::TimeDialog::End::stop;
+        const Outcome outcome = submit(
+            [&]() {
+                spatialview::TimeDialog dialog(doc, scene(), id, false, end, nullptr);
+                dialog.exec();
+            },
+            [&](QWidget* dialog) { setTime(dialog, 0, typed); });
+        QCOMPARE(outcome.title, start ? QString("Início de exibição da mídia.")
+                                      : QString("Fim de exibição da mídia."));
+        QCOMPARE(outcome.boxes.size(), title.isEmpty() ? 0 : 1);
+        const Sync* stop = scene()->getSync(SyncType::stop, id, false);
+        if (title.isEmpty()) {
+            QVERIFY(stop);
+            QCOMPARE(stop->getTime(), 9);
+            return;
+        }
+        QCOMPARE(outcome.boxes.at(0).title, title);
+        QCOMPARE(outcome.boxes.at(0).text, text);
+        QVERIFY(!stop);
+        QCOMPARE(scene()->getSync(SyncType::start, id, false)->getTime(), 0);
+    }
+
+    void automaticLink_data() {
+        QTest::addColumn<QString>("at");
+        QTest::addColumn<bool>("toItself");
+        QTest::addColumn<QString>("instant");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("no scene") << "00:00:10" << false << "00:00:00"
+                                  << "none";
+        QTest::newRow("past the scene")
+            << "00:00:21" << true << "00:00:00"
+            << "A Cena \"Cena 1\" tem o tempo total de \"00:00:20\". O instante de tempo em que "
+               "o elo automático é acionado não pode ser maior que o tempo total da cena.";
+        QTest::newRow("to the instant that fires it")
+            << "00:00:07" << true << "00:00:07"
+            << "A Cena \"Cena 1\" não pode ter um elo automático para ela mesmo que vá para o "
+               "mesmo instante de tempo em que é acionado.";
+        QTest::newRow("a loop") << "00:00:20" << true << "00:00:02"
+                                << "";
+        QTest::newRow("to another scene") << "00:00:07" << false << "00:00:07"
+                                          << "";
+    }
+    void automaticLink() {
+        QFETCH(QString, at);
+        QFETCH(bool, toItself);
+        QFETCH(QString, instant);
+        QFETCH(QString, text);
+        Scene* here = scene();
+        Scene* other = doc->createScene();
+        doc->setCurrentScene(here->getId(), true);
+        const int target = text == "none" ? -1 : toItself ? here->getId() : other->getId();
+        const Outcome outcome = submit(&SpatialView::setLinkAutomatic, [&](QWidget* dialog) {
+            QCOMPARE(dialog->findChildren<QLineEdit*>().at(0)->text(), QString("00:00:20"));
+            QCOMPARE(dialog->findChild<QComboBox*>()->count(), 3);
+            setTime(dialog, 0, at);
+            choose(dialog, 0, target);
+            setTime(dialog, 1, instant);
+        });
+        QCOMPARE(outcome.title, QString("Elo automático da cena."));
+        const QList<Sync*> gotos = here->getAllSyncs(SyncType::goTo);
+        if (!text.isEmpty()) {
+            QCOMPARE(outcome.boxes.size(), 1);
+            QCOMPARE(outcome.boxes.at(0).title, QString("Elo automático da cena"));
+            QCOMPARE(outcome.boxes.at(0).text,
+                     text == "none" ? QString("Selecione no campo \"Ir para\" qual a cena o elo "
+                                              "automático deve acionar.")
+                                    : text);
+            QVERIFY(gotos.isEmpty());
+            return;
+        }
+        QCOMPARE(gotos.size(), 1);
+        QCOMPARE(gotos.at(0)->getTime(), TimeTextSeconds(at));
+        QCOMPARE(gotos.at(0)->getLink(), QString::number(target));
+        QCOMPARE(gotos.at(0)->getTimeEvent(), QString::number(TimeTextSeconds(instant)));
+        doc->undoAction();
+        QVERIFY(here->getAllSyncs(SyncType::goTo).isEmpty());
+    }
+
+    // To a scene: the select sync at second 0; empty choices leave their keys empty.
+    void interactiveLink() {
+        Scene* other = doc->createScene();
+        doc->setCurrentScene(scene()->getId() == other->getId() ? 0 : scene()->getId(), true);
+        submit(&SpatialView::setLinkInteractive, [&](QWidget* dialog) {
+            choose(dialog, 0, other->getId());
+            setTime(dialog, 0, "00:00:03");
+            choose(dialog, 1, Qt::Key_1);
+        });
+        const Sync* link = scene()->getSync(SyncType::select, media->getId(), true);
+        QVERIFY(link);
+        QCOMPARE(link->getTime(), 0);
+        QCOMPARE(link->getLink(), QString::number(other->getId()));
+        QCOMPARE(link->getTimeEvent(), QString("3"));
+        QCOMPARE(link->getKey(), QString::number(Qt::Key_1));
+        // Opened again, the form shows the link; emptied, it keeps no scene and no key.
+        submit(&SpatialView::setLinkInteractive, [&](QWidget* dialog) {
+            QCOMPARE(dialog->findChildren<QComboBox*>().at(0)->currentText(), other->getLabel());
+            QCOMPARE(dialog->findChildren<QComboBox*>().at(1)->currentText(), QString("Vermelho"));
+            choose(dialog, 0, -1);
+            choose(dialog, 1, -1);
+        });
+        link = scene()->getSync(SyncType::select, media->getId(), true);
+        QVERIFY(link->getLink().isEmpty());
+        QVERIFY(link->getKey().isEmpty());
+        QVERIFY(link->getTimeEvent().isEmpty());
+        doc->undoAction();
+        QCOMPARE(scene()->getSync(SyncType::select, media->getId(), true)->getKey(),
+                 QString::number(Qt::Key_1));
+    }
+
+    void webLink_data() {
+        QTest::addColumn<QString>("path"); // null: an empty address
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<QString>("reason"); // empty: no question
+        QTest::addColumn<bool>("saved");
+        QTest::newRow("a page that answers") << "/ok"
+                                             << ""
+                                             << "" << true;
+        QTest::newRow("no such page, kept out") << "/nada"
+                                                << "Não"
+                                                << "Erro relacionado ao conteúdo." << false;
+        QTest::newRow("no such page, saved anyway") << "/nada"
+                                                    << "Sim"
+                                                    << "Erro relacionado ao conteúdo." << true;
+        QTest::newRow("nobody listening") << "closed"
+                                          << "Não"
+                                          << "Erro relacionado a rede." << false;
+        QTest::newRow("empty address") << QString() << "Não"
+                                       << "Erro de protocolo." << false;
+    }
+    void webLink() {
+        QFETCH(QString, path);
+        QFETCH(QString, answer);
+        QFETCH(QString, reason);
+        QFETCH(bool, saved);
+        PageServer server;
+        QString address;
+        if (path == "closed") {
+            QTcpServer closed;
+            closed.listen(QHostAddress::LocalHost, 0);
+            address = QString("127.0.0.1:%1/").arg(closed.serverPort());
+        } else if (!path.isNull()) {
+            address = server.url(path);
+        }
+        const Outcome outcome = submit(
+            &SpatialView::setLinkInteractiveWeb,
+            [&](QWidget* dialog) {
+                auto* edit = dialog->findChildren<QLineEdit*>().last();
+                edit->setText(address);
+                emit edit->editingFinished();
+                if (!address.isEmpty())
+                    QCOMPARE(edit->text(), "http://" + address);
+                choose(dialog, 1, Qt::Key_Enter);
+            },
+            answer);
+        QCOMPARE(outcome.title, QString("Elo para página Web"));
+        QCOMPARE(outcome.boxes.size(), reason.isEmpty() ? 0 : 1);
+        if (!reason.isEmpty()) {
+            QCOMPARE(outcome.boxes.at(0).title, QString("Elo para página Web"));
+            QCOMPARE(outcome.boxes.at(0).text,
+                     QString("Não foi possível testar o endereço indicado.\n%1\n\nDeseja salvar "
+                             "mesmo assim?\n")
+                         .arg(reason));
+        }
+        QCOMPARE(outcome.stillOpen, !saved);
+        const Sync* link = scene()->getSync(SyncType::select, media->getId(), true);
+        QCOMPARE(bool(link), saved);
+        if (saved) {
+            QCOMPARE(link->getUrl(), "http://" + address);
+            QCOMPARE(link->getKey(), QString::number(Qt::Key_Enter));
+        }
+    }
+
+    void rename_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("empty") << ""
+                               << "Foto";
+        QTest::newRow("blanks") << "   "
+                                << "Foto";
+        QTest::newRow("sixteen characters") << "abcdefghijklmnop"
+                                            << "abcdefghijklmno";
+    }
+    void rename() {
+        QFETCH(QString, typed);
+        QFETCH(QString, label);
+        const Outcome outcome = submit(&SpatialView::renameMedia, [&](QWidget* dialog) {
+            auto* edit = dialog->findChild<QLineEdit*>();
+            QCOMPARE(edit->text(), QString("Foto"));
+            edit->clear();
+            QTest::keyClicks(edit, typed);
+        });
+        QCOMPARE(outcome.title, QString("Rótulo da mídia."));
+        QCOMPARE(media->getLabel(), label);
+        QCOMPARE(outcome.stillOpen, label == "Foto");
+        if (label == "Foto") {
+            QCOMPARE(outcome.boxes.size(), 1);
+            QCOMPARE(outcome.boxes.at(0).title, QString("Rótulo da mídia."));
+            QCOMPARE(outcome.boxes.at(0).text,
+                     QString("Por favor, informe o rótulo da mídia antes de salvar."));
+            return;
+        }
+        doc->undoAction();
+        QCOMPARE(media->getLabel(), QString("Foto"));
+    }
+
+private:
+    static int TimeTextSeconds(const QString& text) {
+        const QStringList parts = text.split(':');
+        return parts[0].toInt() * 3600 + parts[1].toInt() * 60 + parts[2].toInt();
+    }
+};
+
+SELVORA_TEST_MAIN(TestCanvasDialogs)
+#include "tst_canvasdialogs.moc"

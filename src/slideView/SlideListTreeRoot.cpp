@@ -4,8 +4,10 @@
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "document/Template.h"
+#include "wizards/TemplateWizard.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -180,9 +182,20 @@ void SlideListTreeRoot::insertLayout(int number) {
         showTemplateWizard();
 }
 
-// The wizard that relates two templates of a scene is not part of the program yet; this is the
-// place that will open it.
-void SlideListTreeRoot::showTemplateWizard() {}
+wizards::TemplateWizard* SlideListTreeRoot::getTemplateWizard() const {
+    return templateWizard_.data();
+}
+
+// Shown without a parent and not modal; it goes when closed, or with the program.
+void SlideListTreeRoot::showTemplateWizard() {
+    if (!scene_)
+        return;
+    auto* wizard = new wizards::TemplateWizard(document_, nullptr, scene_);
+    wizard->setAttribute(Qt::WA_DeleteOnClose);
+    connect(qApp, &QCoreApplication::aboutToQuit, wizard, [wizard] { delete wizard; });
+    templateWizard_ = wizard;
+    wizard->show();
+}
 
 bool SlideListTreeRoot::eventFilter(QObject* watched, QEvent* event) {
     if (watched == picture_ && event->type() == QEvent::MouseButtonDblClick) {

@@ -209,6 +209,18 @@ private slots:
         QVERIFY(item->getEnable());
         QCOMPARE(item->getMediaId(), -1);
         QCOMPARE(region->getMediaId(), -1);
+
+        // Redone, the picture is back in its region, which hides again.
+        for (int i = 0; i < 12; ++i)
+            doc->redoAction();
+        QCOMPARE(scene()->getAllMedias().size(), 1);
+        media = scene()->getAllMedias().first();
+        shown = canvas()->getItem(SpatialView::mediaKey(media->getId()));
+        QVERIFY(shown && shown->isVisible());
+        const QRectF redone(shown->pos(), shown->getRect().size());
+        QVERIFY2(near(redone, pixels(region)), qPrintable(text(redone)));
+        QVERIFY(!item->isVisible());
+        QCOMPARE(region->getMediaId(), media->getId());
     }
 
     // A layout over a scene that has media, a second and third template, a filled region whose
@@ -225,8 +237,11 @@ private slots:
         QVERIFY(second);
         QTRY_VERIFY(row()->getTemplateWizard() && row()->getTemplateWizard()->isVisible());
         closeWizard();
-        Template* third = placeLayout(13);
-        QVERIFY(third);
+        // The third through the document, as any command may ask for a layout.
+        doc->insertLayout(Definitions::kLayoutType::layout13);
+        Template* third = doc->getTemplate(scene()->getAllTemplates().last());
+        QVERIFY(third && third != second);
+        QCOMPARE(third->countRegion(), 10);
         QTRY_VERIFY(row()->getTemplateWizard() && row()->getTemplateWizard()->isVisible());
         closeWizard();
         for (Template* templ : {first, second, third}) {

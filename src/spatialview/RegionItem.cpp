@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QGraphicsScene>
 #include <QGraphicsSceneDragDropEvent>
 #include <QGraphicsView>
@@ -77,6 +78,8 @@ RegionItem::RegionItem(int id, int templateId, int order, int layer, document::D
 
 RegionItem::~RegionItem() {
     // Both are top-level windows of their own when the item has no widget.
+    if (optionsDialog_)
+        optionsDialog_->removeEventFilter(this);
     delete optionsDialog_.data();
     delete shapeMenu_.data();
 }
@@ -132,6 +135,24 @@ void RegionItem::createOptionsDialog() {
     grid->addWidget(imageButton_, 0, 1);
     grid->addWidget(textButton_, 1, 0);
     grid->addWidget(shapeButton_, 1, 1);
+    // The grey icons come back whenever the buttons go, however they were closed.
+    optionsDialog_->installEventFilter(this);
+}
+
+bool RegionItem::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == optionsDialog_ && event->type() == QEvent::Hide) {
+        showIcons_ = true;
+        update();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// A click elsewhere on the canvas closes the buttons; the click on a button itself only takes
+// the window's focus away, and keeps them.
+void RegionItem::focusOutEvent(QFocusEvent* event) {
+    if (event->reason() == Qt::MouseFocusReason && optionsDialog_)
+        optionsDialog_->close();
+    SpatialResizingMedia::focusOutEvent(event);
 }
 
 void RegionItem::createShapeMenu() {
@@ -159,6 +180,9 @@ void RegionItem::setEnable(bool enable) {
 
 void RegionItem::holdMedia(int mediaId) {
     mediaId_ = mediaId;
+    lastMediaId_ = mediaId;
+    if (document::Region* owner = region())
+        owner->setMediaId(mediaId);
     setEnable(false);
 }
 
@@ -343,6 +367,7 @@ void RegionItem::adjustMedia(Media* media) {
         scene->getMedia(media->getId()) != media)
         return;
     mediaId_ = media->getId();
+    lastMediaId_ = mediaId_;
     if (document::Region* owner = region())
         owner->setMediaId(mediaId_);
     media->setTemplateId(QString::number(getTemplateId()));

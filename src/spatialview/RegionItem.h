@@ -44,6 +44,8 @@ public:
     bool getEnable() const { return enable_; }
     int getOrder() const { return order_; }
     int getMediaId() const { return mediaId_; }
+    // The media this region held last, kept when it leaves: the history may bring it back.
+    int getLastMediaId() const { return lastMediaId_; }
     // A media that is already the region's (put back by the history): the placeholder hides.
     void holdMedia(int mediaId);
     // The media left the scene: the placeholder is offered again.
@@ -67,6 +69,8 @@ public slots:
     void addShapeOfType(int value);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void dragEnterEvent(QGraphicsSceneDragDropEvent* event) override;
     void dragMoveEvent(QGraphicsSceneDragDropEvent* event) override;
@@ -93,6 +97,7 @@ private:
     QPushButton* shapeButton_ = nullptr;
     int order_;
     int mediaId_ = -1;
+    int lastMediaId_ = -1;
     int layer_ = 0;
     bool showIcons_ = true;
     bool dragging_ = false;

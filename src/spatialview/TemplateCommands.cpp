@@ -82,30 +82,35 @@ void TemplateCommands::addRegion(Region* region) {
 }
 
 void TemplateCommands::mediaAdded(document::Media* media) {
-    if (!media || media->getTemplateId().isEmpty() || media->getRegionId().isEmpty())
+    if (!media)
         return;
-    if (RegionItem* item =
-            regionItem(media->getRegionId().toInt(), media->getTemplateId().toInt())) {
-        if (item->getMediaId() == -1)
-            item->holdMedia(media->getId());
+    RegionItem* item = nullptr;
+    if (!media->getTemplateId().isEmpty() && !media->getRegionId().isEmpty()) {
+        item = regionItem(media->getRegionId().toInt(), media->getTemplateId().toInt());
+    } else {
+        // A media put back by the history comes without its region: the region remembers it.
+        for (RegionItem* candidate : regionItems()) {
+            if (candidate->getLastMediaId() == media->getId())
+                item = candidate;
+        }
     }
+    if (item && item->getMediaId() == -1)
+        item->holdMedia(media->getId());
 }
 
 void TemplateCommands::mediaRemoved(int mediaId) {
     Scene* scene = view_->scene_;
     if (!scene || !scene->hasMedia(mediaId))
         return;
-    const document::Media* media = scene->getMedia(mediaId);
-    if (media->getTemplateId().isEmpty() || media->getRegionId().isEmpty())
-        return;
-    RegionItem* item = regionItem(media->getRegionId().toInt(), media->getTemplateId().toInt());
-    if (!item || item->getMediaId() != mediaId)
-        return;
-    item->releaseMedia();
-    // An ended template, or a playing scene, shows no placeholder.
-    const int templateId = item->getTemplateId();
-    if (isPlaying() || !scene->mediaActivate(templateId, scene->getCurrentTime(), false))
-        item->setVisible(false);
+    for (RegionItem* item : regionItems()) {
+        if (item->getMediaId() != mediaId)
+            continue;
+        item->releaseMedia();
+        // An ended template, or a playing scene, shows no placeholder.
+        if (isPlaying() ||
+            !scene->mediaActivate(item->getTemplateId(), scene->getCurrentTime(), false))
+            item->setVisible(false);
+    }
 }
 
 void TemplateCommands::showRegion(Region* region, bool visible) {

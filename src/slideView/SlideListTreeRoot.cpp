@@ -7,7 +7,6 @@
 #include "wizards/TemplateWizard.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -186,13 +185,14 @@ wizards::TemplateWizard* SlideListTreeRoot::getTemplateWizard() const {
     return templateWizard_.data();
 }
 
-// Shown without a parent and not modal; it goes when closed, or with the program.
+// Not modal, in a window of its own over the main window, which it goes with if it was never
+// closed.
 void SlideListTreeRoot::showTemplateWizard() {
     if (!scene_)
         return;
-    auto* wizard = new wizards::TemplateWizard(document_, nullptr, scene_);
+    QWidget* owner = window() != this ? window() : nullptr;
+    auto* wizard = new wizards::TemplateWizard(document_, owner, scene_);
     wizard->setAttribute(Qt::WA_DeleteOnClose);
-    connect(qApp, &QCoreApplication::aboutToQuit, wizard, [wizard] { delete wizard; });
     templateWizard_ = wizard;
     wizard->show();
 }

@@ -673,6 +673,7 @@ void SpatialView::updatePlayerScene(Definitions::kPlayerStatus status) {
         item->setFlag(QGraphicsItem::ItemIsSelectable, interactive);
         item->setCursor(interactive ? Qt::ArrowCursor : Qt::PointingHandCursor);
     }
+    templates_->keepRegionsInPlace();
 }
 
 // ---------------------------------------------------------------- events

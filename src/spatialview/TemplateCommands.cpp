@@ -128,6 +128,12 @@ void TemplateCommands::showEnabledRegions() {
     }
 }
 
+void TemplateCommands::keepRegionsInPlace() {
+    const bool designing = view_->document_->getTemplateMode();
+    for (RegionItem* item : regionItems())
+        item->setFlag(QGraphicsItem::ItemIsMovable, designing);
+}
+
 // Part two of a template's sync: where a related template stands in for this one, the regions
 // of the same slot are blank.
 void TemplateCommands::blankRelated(int templateId) {

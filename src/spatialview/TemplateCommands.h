@@ -43,6 +43,8 @@ public:
     void showRegion(document::Region* region, bool visible);
     // After play: the empty regions show again.
     void showEnabledRegions();
+    // Placeholders stay where their template puts them, except while a template is designed.
+    void keepRegionsInPlace();
     // The regions of a template that a related template takes over, slot by slot, stay blank.
     void blankRelated(int templateId);
 

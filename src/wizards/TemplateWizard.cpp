@@ -234,8 +234,17 @@ int TemplateWizard::startTime(int templateId) const {
     return sync ? sync->getTime() : 0;
 }
 
+// Both templates must still stand on the scene, which may have changed while the wizard was open.
+bool TemplateWizard::bothOnScene() const {
+    const int a = idOf(start_.templateA);
+    const int b = idOf(start_.templateB);
+    return scene_ && a != b && scene_->getAllTemplates().contains(a) &&
+           scene_->getAllTemplates().contains(b) && document_->getTemplate(a) &&
+           document_->getTemplate(b);
+}
+
 void TemplateWizard::createSyncs() {
-    if (!scene_ || idOf(start_.templateA) == idOf(start_.templateB))
+    if (!bothOnScene())
         return;
     createStartSyncs();
     createEndSyncs();
@@ -302,14 +311,12 @@ void TemplateWizard::createEndSyncs() {
 }
 
 void TemplateWizard::setRelations() {
-    if (!scene_)
+    if (!bothOnScene())
         return;
     const int a = idOf(start_.templateA);
     const int b = idOf(start_.templateB);
     Template* first = document_->getTemplate(a);
     Template* second = document_->getTemplate(b);
-    if (!first || !second || first == second)
-        return;
     first->addRelation(b, Definitions::kTemplateType::templateA);
     second->addRelation(a, Definitions::kTemplateType::templateB);
     // The start state shows at once.

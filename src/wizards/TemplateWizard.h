@@ -75,6 +75,7 @@ private:
     void createStartSyncs();
     void createEndSyncs();
     int startTime(int templateId) const;
+    bool bothOnScene() const;
 
     document::Document* document_;
     QPointer<document::Scene> scene_;

@@ -10,6 +10,7 @@
 #include "spatialview/RegionItem.h"
 #include "spatialview/SpatialView.h"
 #include "spatialview/TemplateCommands.h"
+#include "spatialview/WordingItem.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/PictureProbe.h"
@@ -252,6 +253,12 @@ private slots:
         const int textId = item->getMediaId();
         QVERIFY(textId != -1);
         QVERIFY(!item->isVisible());
+        auto* text = dynamic_cast<spatialview::WordingItem*>(
+            canvas()->getItem(SpatialView::mediaKey(textId)));
+        QVERIFY(text);
+        QCOMPARE(text->getText(), QString("Duplo clique para editar"));
+        QVERIFY(
+            near(QRectF(text->pos(), text->getRect().size()), pixels(regionOfOrder(second, 3))));
         QVERIFY(scene()->removeMedia(textId));
         QVERIFY(item->isVisible() && item->getEnable());
 

@@ -8,6 +8,7 @@
 #include "document/Template.h"
 #include "spatialview/ShapeChoiceMenu.h"
 #include "spatialview/SpatialView.h"
+#include "spatialview/WordingItem.h"
 
 #include <QCursor>
 #include <QDebug>
@@ -329,8 +330,18 @@ void RegionItem::addImage() {
 }
 
 void RegionItem::addText() {
-    fill(document_->createMedia(canvasScene(), QString(), MediaType::text, QString(), QString(),
-                                -1));
+    Media* media =
+        document_->createMedia(canvasScene(), QString(), MediaType::text, QString(), QString(), -1);
+    fill(media);
+    // Filling rewrote the look of the new text: its prompt to type is shown again.
+    if (!media || !scene() || scene()->views().isEmpty())
+        return;
+    if (auto* view = qobject_cast<SpatialView*>(scene()->views().first()->parentWidget())) {
+        if (auto* text =
+                dynamic_cast<WordingItem*>(view->getItem(SpatialView::mediaKey(media->getId()))))
+            if (text->getText().isEmpty())
+                text->showEditWidget();
+    }
 }
 
 void RegionItem::addShape() {

@@ -274,6 +274,31 @@ private slots:
         QVERIFY(canvas()->getItem(SpatialView::mediaKey(before->getId())));
     }
 
+    // Two templates related by the wizard over the same span: the slots they share stay blank,
+    // the others show; play hides every placeholder and a pause brings the empty ones back.
+    void relatedTemplatesBlankSharedSlots() {
+        Template* first = placeLayout(1);
+        Template* second = placeLayout(16);
+        QVERIFY(first && second);
+        wizards::TemplateWizard* wizard = row()->getTemplateWizard();
+        QVERIFY(wizard);
+        wizard->accept();
+        QCOMPARE(first->getRelationsTemplations(), QList<int>{second->getId()});
+        QVERIFY(!itemOf(regionOfOrder(first, 1))->isVisible());
+        QVERIFY(!itemOf(regionOfOrder(second, 1))->isVisible());
+        QVERIFY(itemOf(regionOfOrder(first, 2))->isVisible());
+        QVERIFY(itemOf(regionOfOrder(second, 4))->isVisible());
+
+        scene()->playScene();
+        QTRY_VERIFY(!itemOf(regionOfOrder(first, 2))->isVisible());
+        QVERIFY(!itemOf(regionOfOrder(second, 4))->isVisible());
+        scene()->pauseScene();
+        QTRY_VERIFY(itemOf(regionOfOrder(first, 2))->isVisible());
+        QVERIFY(itemOf(regionOfOrder(second, 4))->isVisible());
+        QVERIFY(!itemOf(regionOfOrder(first, 1))->isVisible());
+        QVERIFY(!(itemOf(regionOfOrder(first, 2))->flags() & QGraphicsItem::ItemIsMovable));
+    }
+
     // With a region in focus the context menu offers the other templates; a click on a
     // thumbnail of the dialog ties the two regions both ways.
     void relatingRegions() {

@@ -139,6 +139,7 @@ void SlideListTree::setDocumentConnections() {
     connect(document_, &Document::sceneSendUp, this, &SlideListTree::updateOrder, unique);
     connect(document_, &Document::sceneSendDown, this, &SlideListTree::updateOrder, unique);
     connect(document_, &Document::open, this, &SlideListTree::load, unique);
+    connect(document_, &Document::openLayout, this, &SlideListTree::insertLayout, unique);
 }
 
 void SlideListTree::setDocumentDisconnections() {
@@ -152,6 +153,7 @@ void SlideListTree::setDocumentDisconnections() {
     disconnect(document_, &Document::sceneSendUp, this, &SlideListTree::updateOrder);
     disconnect(document_, &Document::sceneSendDown, this, &SlideListTree::updateOrder);
     disconnect(document_, &Document::open, this, &SlideListTree::load);
+    disconnect(document_, &Document::openLayout, this, &SlideListTree::insertLayout);
 }
 
 // Every scene with a row is heard, current or not: the history may put a link back into a
@@ -181,6 +183,12 @@ QTreeWidgetItem* SlideListTree::itemOf(int sceneId) const {
 SlideListTreeRoot* SlideListTree::rootOf(int sceneId) const {
     QTreeWidgetItem* item = itemOf(sceneId);
     return item ? qobject_cast<SlideListTreeRoot*>(itemWidget(item, 0)) : nullptr;
+}
+
+void SlideListTree::insertLayout(Definitions::kLayoutType type) {
+    const Scene* scene = document_->getScene(-1);
+    if (SlideListTreeRoot* row = scene ? rootOf(scene->getId()) : nullptr)
+        row->insertLayout(static_cast<int>(type) + 1);
 }
 
 SlideListTreeChild* SlideListTree::childOf(const Sync* sync) const {

@@ -1,6 +1,8 @@
 #ifndef SELVORA_SLIDEVIEW_SLIDELISTTREE_H
 #define SELVORA_SLIDEVIEW_SLIDELISTTREE_H
 
+#include "app/Definitions.h"
+
 #include <QHash>
 #include <QPixmap>
 #include <QPointer>
@@ -54,6 +56,9 @@ public slots:
     void removeScene(int id);
     bool removeScene();
     void clearList();
+    // A standard layout asked for through the document: placed on the current scene as its
+    // row's palette places it.
+    void insertLayout(selvora::Definitions::kLayoutType type);
 
 protected:
     bool event(QEvent* event) override;

@@ -4,6 +4,7 @@
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "document/Template.h"
+#include "wizards/TemplateWizard.h"
 
 #include <QAction>
 #include <QCursor>
@@ -180,9 +181,21 @@ void SlideListTreeRoot::insertLayout(int number) {
         showTemplateWizard();
 }
 
-// The wizard that relates two templates of a scene is not part of the program yet; this is the
-// place that will open it.
-void SlideListTreeRoot::showTemplateWizard() {}
+wizards::TemplateWizard* SlideListTreeRoot::getTemplateWizard() const {
+    return templateWizard_.data();
+}
+
+// Not modal, in a window of its own over the main window, which it goes with if it was never
+// closed.
+void SlideListTreeRoot::showTemplateWizard() {
+    if (!scene_)
+        return;
+    QWidget* owner = window() != this ? window() : nullptr;
+    auto* wizard = new wizards::TemplateWizard(document_, owner, scene_);
+    wizard->setAttribute(Qt::WA_DeleteOnClose);
+    templateWizard_ = wizard;
+    wizard->show();
+}
 
 bool SlideListTreeRoot::eventFilter(QObject* watched, QEvent* event) {
     if (watched == picture_ && event->type() == QEvent::MouseButtonDblClick) {

@@ -17,6 +17,10 @@ class Document;
 class Scene;
 } // namespace document
 
+namespace wizards {
+class TemplateWizard;
+}
+
 namespace slideView {
 
 // The row of one scene in the scene list: its picture, its label, which the user edits in
@@ -37,6 +41,10 @@ public:
     const QVector<QAction*>& getLayoutActions() const { return layoutActions_; }
     // Cuts the edit off before the row goes away, so that the focus leaving it edits nothing.
     void setDisconnections();
+    // Layout n, counted from 1, placed on the scene as a new template; from the second template
+    // of the scene on, the wizard that relates them opens.
+    void insertLayout(int number);
+    wizards::TemplateWizard* getTemplateWizard() const;
 
 public slots:
     void updateLabelSlide(QString label);
@@ -74,8 +82,6 @@ private:
     void showLayoutMenu();
     void setConnections();
     void setSceneConnections();
-    // Layout n, counted from 1, placed on the scene as a new template.
-    void insertLayout(int number);
 
     document::Document* document_;
     QPointer<document::Scene> scene_;
@@ -85,6 +91,7 @@ private:
     int row_ = -1;
     QLabel* picture_ = nullptr;
     QLineEdit* labelEdit_ = nullptr;
+    QPointer<wizards::TemplateWizard> templateWizard_;
 };
 
 } // namespace slideView

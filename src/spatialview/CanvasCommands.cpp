@@ -13,6 +13,7 @@
 #include "spatialview/RenameDialog.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
+#include "spatialview/TemplateCommands.h"
 #include "spatialview/TimeDialog.h"
 #include "spatialview/WordingItem.h"
 
@@ -114,6 +115,7 @@ void CanvasCommands::createContextMenu() {
         if (kCommands[i].separatorAfter)
             contextMenu_->addSeparator();
     }
+    contextMenu_->addAction(view_->templates_->relationMenuAction());
 }
 
 void CanvasCommands::createShapeMenu() {
@@ -144,6 +146,7 @@ void CanvasCommands::showContextMenu(const QPoint& pos) {
     contextGlobalPos_ = view_->mapToGlobal(pos);
     contextParentPos_ = view_->mapToParent(pos);
     enableActions();
+    view_->templates_->prepareContextMenu(view_->spatialScene_.focusItem());
     contextMenu_->exec(contextGlobalPos_);
 }
 

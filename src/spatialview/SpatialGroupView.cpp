@@ -205,17 +205,21 @@ void SpatialGroupView::statusPlayer(Definitions::kPlayerStatus status) {
 
 void SpatialGroupView::setTemplate(int id) {
     currentTemplate_ = document_->getTemplate(id);
-    if (!currentTemplate_ || !currentView_)
+    // The regions go to the canvas of the scene that took the template, shown or not.
+    SpatialView* view = currentView_;
+    if (auto* scene = qobject_cast<Scene*>(sender()))
+        view = views_.value(scene->getId(), view);
+    if (!currentTemplate_ || !view)
         return;
     // Unique, so that a template changed twice does not announce its regions twice.
     const auto unique = Qt::UniqueConnection;
-    connect(currentTemplate_, &document::Template::regionAdded, currentView_,
+    connect(currentTemplate_, &document::Template::regionAdded, view,
             &SpatialView::addSpatialResizingRegion, unique);
-    connect(currentTemplate_, &document::Template::regionCurrent, currentView_,
+    connect(currentTemplate_, &document::Template::regionCurrent, view,
             &SpatialView::setCurrentRegion, unique);
-    connect(currentTemplate_, &document::Template::regionRemovedId, currentView_,
+    connect(currentTemplate_, &document::Template::regionRemovedId, view,
             &SpatialView::removeSpatialResizingRegion, unique);
-    connect(currentTemplate_, &document::Template::regionVisible, currentView_,
+    connect(currentTemplate_, &document::Template::regionVisible, view,
             &SpatialView::showSpatialResizingRegion, unique);
 }
 

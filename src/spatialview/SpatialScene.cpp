@@ -30,6 +30,9 @@ void SpatialScene::dragEnterEvent(QGraphicsSceneDragDropEvent* event) {
         QGraphicsScene::dragEnterEvent(event);
         return;
     }
+    // Forgets the region that took the last drag.
+    QGraphicsScene::dragEnterEvent(event);
+    regionDrop_ = false;
     if (event->proposedAction() != Qt::CopyAction)
         return;
     // The orange of the selection outline: the canvas takes the drop.
@@ -41,6 +44,11 @@ void SpatialScene::dragMoveEvent(QGraphicsSceneDragDropEvent* event) {
         QGraphicsScene::dragMoveEvent(event);
         return;
     }
+    // An empty region under the pointer takes the drop for itself.
+    QGraphicsScene::dragMoveEvent(event);
+    regionDrop_ = event->isAccepted();
+    if (regionDrop_)
+        return;
     if (event->proposedAction() == Qt::CopyAction)
         event->acceptProposedAction();
 }
@@ -50,6 +58,8 @@ void SpatialScene::dragLeaveEvent(QGraphicsSceneDragDropEvent* event) {
         QGraphicsScene::dragLeaveEvent(event);
         return;
     }
+    QGraphicsScene::dragLeaveEvent(event);
+    regionDrop_ = false;
     if (event->proposedAction() != Qt::CopyAction)
         return;
     setBackgroundBrush(Qt::NoBrush);
@@ -58,6 +68,12 @@ void SpatialScene::dragLeaveEvent(QGraphicsSceneDragDropEvent* event) {
 
 void SpatialScene::dropEvent(QGraphicsSceneDragDropEvent* event) {
     if (document_->isTemplateMode()) {
+        QGraphicsScene::dropEvent(event);
+        return;
+    }
+    if (regionDrop_) {
+        regionDrop_ = false;
+        setBackgroundBrush(Qt::NoBrush);
         QGraphicsScene::dropEvent(event);
         return;
     }

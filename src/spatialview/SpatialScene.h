@@ -31,6 +31,8 @@ private:
     static void warnSecondVideo();
 
     document::Document* document_;
+    // The last move was taken by a region item, which then takes the drop.
+    bool regionDrop_ = false;
 };
 
 } // namespace spatialview

@@ -13,6 +13,7 @@
 #include "spatialview/MainVideoPlayer.h"
 #include "spatialview/ShapeItem.h"
 #include "spatialview/SpatialResizingMedia.h"
+#include "spatialview/TemplateCommands.h"
 #include "spatialview/TextItem.h"
 #include "spatialview/WordingItem.h"
 
@@ -57,6 +58,8 @@ SpatialView::SpatialView(document::Document* document, Scene* scene, QWidget* pa
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAttribute(Qt::WA_MouseTracking);
     events_ = new CanvasEvents(this);
+    // The context menu takes the template entries, so the templates come first.
+    templates_ = new TemplateCommands(this);
     commands_ = new CanvasCommands(this);
     setConnections();
 }
@@ -216,6 +219,7 @@ void SpatialView::addSpatialResizingMedia(Media* media) {
     case MediaType::audio:
         break; // sound has no place on the canvas
     }
+    templates_->mediaAdded(media);
 }
 
 void SpatialView::addText(Media* media) {
@@ -258,8 +262,7 @@ void SpatialView::addImage(Media* media) {
 }
 
 void SpatialView::addSpatialResizingRegion(Region* region) {
-    // Region items come with the template regions; until then a region has no item.
-    Q_UNUSED(region)
+    templates_->addRegion(region);
 }
 
 // Rebuilds the canvas of a saved scene: every item hidden at a first size, then shown with its
@@ -339,6 +342,8 @@ void SpatialView::removeItem(const ItemKey& key) {
 }
 
 void SpatialView::removeSpatialResizingMedia(int id) {
+    // The region that held the media is offered again.
+    templates_->mediaRemoved(id);
     removeItem(mediaKey(id));
     nullingCurrentMedia();
     update();
@@ -360,6 +365,7 @@ void SpatialView::removeTemplate(int templateId) {
         spatialScene_.removeItem(border);
         delete border;
     }
+    templates_->templateRemoved(templateId);
     currentBorder_ = nullptr;
     if (scene_)
         document_->setCurrentScene(scene_->getId(), true);
@@ -469,7 +475,7 @@ void SpatialView::updateTemplateProperties(int templateId, Definitions::kSyncTyp
                scene_->getStatusPlayer() != Definitions::kPlayerStatus::play) {
         templ->showComponents();
     }
-    // Regions shared with related templates are blanked here once region items exist.
+    templates_->blankRelated(templateId);
 }
 
 // The dashed outline of a template's regions, shown while one of its regions is chosen.
@@ -496,15 +502,11 @@ void SpatialView::drawTemplateBorders(int templateId) {
     border->hide();
     spatialScene_.addItem(border);
     templateBorders_.insert(templateId, border);
-    // The action that relates regions to this template comes with the canvas commands.
+    templates_->templateAdded(templateId);
 }
 
 void SpatialView::showSpatialResizingRegion(Region* region, bool visible) {
-    if (!region)
-        return;
-    if (SpatialResizingMedia* item =
-            resizingItems_.value(regionKey(region->getId(), region->getTemplateId()), nullptr))
-        item->setVisible(visible);
+    templates_->showRegion(region, visible);
 }
 
 // Asked by the save's worker through the document: texts and shapes are stored as pictures.
@@ -665,7 +667,7 @@ void SpatialView::updatePlayerScene(Definitions::kPlayerStatus status) {
         graphicsView_->setAttribute(Qt::WA_TransparentForMouseEvents, false);
         if (focusedItem_)
             focusedItem_->showFocusItem(true);
-        // Enabled regions are shown again here once region items exist.
+        templates_->showEnabledRegions();
         if (scene_)
             scene_->resetExecuteSyncs();
         break;
@@ -681,6 +683,7 @@ void SpatialView::updatePlayerScene(Definitions::kPlayerStatus status) {
         item->setFlag(QGraphicsItem::ItemIsSelectable, interactive);
         item->setCursor(interactive ? Qt::ArrowCursor : Qt::PointingHandCursor);
     }
+    templates_->keepRegionsInPlace();
 }
 
 // ---------------------------------------------------------------- events
@@ -705,10 +708,13 @@ void SpatialView::moveMedia(QKeyEvent* event, int step) {
 // ---------------------------------------------------------------- commands and dialogs
 
 SpatialView::TimeTarget SpatialView::timeTarget() const {
-    // A region item notified last sets its template's times; region items come with the
-    // template work, so the current media is the target for now.
+    // A region item notified last sets its template's times.
     TimeTarget target;
-    if (scene_) {
+    if (lastNotifiedItem_ &&
+        lastNotifiedItem_->getKind() == Definitions::kSpatialResizingType::spatialResizingRegion) {
+        target.id = lastNotifiedItem_->getTemplateId();
+        target.isMedia = false;
+    } else if (scene_) {
         if (const Media* media = scene_->getMedia(-1))
             target.id = media->getId();
     }

@@ -39,6 +39,7 @@ class MainVideo;
 class MainVideoPlayer;
 class ShapeItem;
 class SpatialResizingMedia;
+class TemplateCommands;
 class TextItem;
 
 // The canvas of one scene: the graphics scene and view on which the scene's items stand, and the
@@ -61,6 +62,8 @@ public:
     SpatialResizingMedia* getItem(const ItemKey& key) const { return resizingItems_.value(key); }
     int countItems() const { return resizingItems_.size(); }
     MainVideo* getMainVideo() const { return mainVideo_; }
+    // The templates of this canvas: region placeholders, relations, template commands.
+    TemplateCommands* templateCommands() const { return templates_; }
     // Null until the scene's video was first loaded.
     QMediaPlayer* mediaPlayer() const;
     CanvasCommands* commands() const { return commands_; }
@@ -138,6 +141,7 @@ private:
     // view's state.
     friend class CanvasEvents;
     friend class CanvasCommands;
+    friend class TemplateCommands;
 
     void createSpatialView();
     void setConnections();
@@ -166,6 +170,7 @@ private:
     // First: children built in the constructor send events before the later members exist.
     CanvasEvents* events_ = nullptr;
     CanvasCommands* commands_ = nullptr;
+    TemplateCommands* templates_ = nullptr;
     document::Document* document_;
     QPointer<document::Scene> scene_;
     QPointer<document::Media> currentMedia_;

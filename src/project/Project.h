@@ -3,6 +3,7 @@
 
 #include "app/Definitions.h"
 
+#include <QNetworkReply>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -39,9 +40,14 @@ public slots:
     void save();
     void saveAs();
     void load(const QString& path);
+    void publish();
+    void exportt(selvora::Definitions::kTypeExport type);
     void clearProject();
     void saveReport(const QString& kind, const QString& path);
     void loadReport(const QString& report);
+    void publishReport(int exitCode);
+    void exportReport(QNetworkReply::NetworkError error, const QString& extension);
+    void exportUnavailable(const QString& extension);
     void projectModified();
     void changeScene(selvora::document::Scene* scene);
     void setCurrentMedia(selvora::document::Media* media);

@@ -275,6 +275,19 @@ private slots:
         server.releaseHeld();
         QVERIFY(answerer.waitAllAnswered(30000));
         QCOMPARE(answerer.last().text, kConnection);
+        QVERIFY(waitIdle());
+
+        // The user closes the program while the service keeps silent: the worker ends with it.
+        HttpResponder mute;
+        mute.route("/convert.php", silent);
+        qputenv("SELVORA_CONVERSION_URL", mute.url("").toUtf8());
+        doc->exportProject(Definitions::kTypeExport::HTML);
+        QVERIFY(mute.waitForRequests(1));
+        QCOMPARE(mute.heldOpen(), 1);
+        delete project;
+        project = new Project(doc);
+        QTRY_COMPARE(mute.heldOpen(), 0);
+        QCOMPARE(answerer.seen().size(), 1);
     }
 
     // One round of "Verificar Atualização" over four addresses, for each way it can end.

@@ -56,7 +56,23 @@ Project::Project(Document* document, QWidget* parent)
     setSceneConnections();
 }
 
+bool Project::Running::operator==(const Running& other) const {
+    return thread == other.thread && worker == other.worker;
+}
+
 Project::~Project() {
+    // The program closes in the middle of an operation (an upload that is never answered, a
+    // packer still running): the worker goes in its own thread, and no thread outlives us.
+    for (const Running& running : qAsConst(running_)) {
+        if (!running.thread)
+            continue;
+        running.thread->disconnect();
+        if (running.worker)
+            running.worker->deleteLater();
+        running.thread->quit();
+        running.thread->wait();
+        delete running.thread;
+    }
     // Without a parent the dialog is ours to delete.
     if (!progressDialog_->parent())
         delete progressDialog_;
@@ -155,6 +171,8 @@ void Project::runOperation(Operation operation) {
     auto* thread = new QThread();
     auto* worker = new OperationsFile(document_);
     worker->moveToThread(thread);
+    running_.removeAll(Running());
+    running_.append({thread, worker});
     setThreadConnections(thread, worker, operation);
     progressBar_->setValue(0);
     progressDialog_->show();

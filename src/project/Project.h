@@ -3,6 +3,7 @@
 
 #include "app/Definitions.h"
 
+#include <QList>
 #include <QNetworkReply>
 #include <QPointer>
 #include <QString>
@@ -73,6 +74,13 @@ private:
     QWidget* parent_;
     QDialog* progressDialog_;
     QProgressBar* progressBar_;
+    // The operations started and not known to be over.
+    struct Running {
+        QPointer<QThread> thread;
+        QPointer<OperationsFile> worker;
+        bool operator==(const Running& other) const;
+    };
+    QList<Running> running_;
 };
 
 } // namespace project

@@ -85,6 +85,15 @@ void HttpResponder::releaseHeld() {
     held_.clear();
 }
 
+int HttpResponder::heldOpen() const {
+    int open = 0;
+    for (const QPointer<QTcpSocket>& socket : held_) {
+        if (socket && socket->state() == QAbstractSocket::ConnectedState)
+            ++open;
+    }
+    return open;
+}
+
 void HttpResponder::onConnection() {
     while (QTcpSocket* socket = server_.nextPendingConnection()) {
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] { onReadable(socket); });

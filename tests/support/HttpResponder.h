@@ -54,6 +54,8 @@ public:
     // Closes the connections whose answer was held back, and from now on every connection
     // that would be held.
     void releaseHeld();
+    // The held connections that the client has not closed.
+    int heldOpen() const;
 
 private:
     void onConnection();

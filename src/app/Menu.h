@@ -9,7 +9,6 @@
 #include <QString>
 
 class QAction;
-class QDialog;
 class QEventLoop;
 class QMenu;
 class QToolBar;

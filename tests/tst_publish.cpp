@@ -159,22 +159,34 @@ private slots:
         }
     }
 
-    // A packer that is missing or fails gets the one failure box, and the progress goes away.
+    // A packer that is missing or fails gets the one failure box; a save that fails first stops
+    // the publishing after its own box. The progress goes away in every case.
     void publishFailures_data() {
-        QTest::addColumn<bool>("missing");
-        QTest::addRow("zip missing") << true;
-        QTest::addRow("zip fails") << false;
+        QTest::addColumn<int>("failure"); // 0 zip missing, 1 zip fails, 2 the save fails
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("text");
+        QTest::addRow("zip missing") << 0 << QString::fromUtf8("Publicação para Web") << kFailure;
+        QTest::addRow("zip fails") << 1 << QString::fromUtf8("Publicação para Web") << kFailure;
+        QTest::addRow("save fails") << 2 << QString("Erro")
+                                    << QString::fromUtf8("Você não tem permissão para ler o "
+                                                         "arquivo <b>\"%1/sumida.png\"</b>.");
     }
     void publishFailures() {
-        QFETCH(bool, missing);
+        QFETCH(int, failure);
+        QFETCH(QString, title);
+        QFETCH(QString, text);
         const QString folder = prepare("aula", true);
         QVERIFY(!folder.isEmpty());
-        if (missing) {
+        if (failure == 0) {
             QVERIFY(QDir().mkpath(temp->path() + "/vazio"));
             qputenv("PATH", (temp->path() + "/vazio").toUtf8());
-        } else {
+        } else if (failure == 1) {
             // The archive's place is taken by a folder: zip cannot write it.
             QVERIFY(QDir().mkpath(folder + "/aula.svproj.zip/dentro"));
+        } else {
+            const QString gone = MediaFixtures::makeImage(temp->path(), "sumida.png", QSize(8, 8));
+            doc->createMedia(doc->getScene(-1), gone, Definitions::kMediaType::image, "", "");
+            QVERIFY(QFile::remove(gone));
         }
         qputenv("SELVORA_PORTAL_URL", "http://portal.example/compor");
         UrlCatcher urls;
@@ -184,9 +196,10 @@ private slots:
         QVERIFY(answerer.waitAllAnswered(60000));
         QVERIFY(waitIdle());
         QCOMPARE(answerer.seen().size(), 1);
-        QCOMPARE(answerer.last().title, QString::fromUtf8("Publicação para Web"));
-        QCOMPARE(answerer.last().text, kFailure);
+        QCOMPARE(answerer.last().title, title);
+        QCOMPARE(answerer.last().text, QString(text).replace("%1", temp->path()));
         QVERIFY(urls.opened().isEmpty());
+        QCOMPARE(QFileInfo(folder + "/aula.svproj.zip").isFile(), false);
     }
 };
 

@@ -238,7 +238,7 @@ void OperationsFile::saveProject(bool finish) {
         const QList<Media*> medias = scene->getAllMedias();
         for (Media* media : medias) {
             if (!saveMedia(scene, media)) {
-                endOperation();
+                endOperation(); // an export or publish that called us stops here too
                 return;
             }
             ProjectXml::appendMedia(
@@ -265,7 +265,7 @@ void OperationsFile::saveProject(bool finish) {
     document_->setModified(false);
 
     if (finish)
-        endOperation();
+        emit finished();
 }
 
 QString OperationsFile::loadProject() {

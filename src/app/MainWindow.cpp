@@ -1,6 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "app/Menu.h"
+#include "app/UpdateCheck.h"
 #include "buffer/Buffer.h"
 #include "document/Document.h"
 #include "feature/Feature.h"
@@ -21,7 +22,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QNetworkAccessManager>
 #include <QPixmap>
 #include <QSplashScreen>
 #include <QToolBar>
@@ -34,7 +34,6 @@ MainWindow::MainWindow(const QString& fileName) : QMainWindow(nullptr) {
     splash_ = new QSplashScreen(QPixmap(":/imagens/splash_screen"));
     splash_->setEnabled(false); // a click must not close it
     splash_->show();
-    network_ = new QNetworkAccessManager(this);
     init();
     if (!fileName.isNull())
         document_->loadProject(fileName);
@@ -45,6 +44,9 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::init() {
+    // Skipped where the deployment names no update address.
+    updateCheck_ = new menu::UpdateCheck(menu::UpdateCheck::Mode::startUp, this, this);
+    updateCheck_->settingVerifyUpdate();
     document_ = document::Document::instance();
     document_->newProject();
     setDocumentConnections();

@@ -5,8 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-class QNetworkAccessManager;
-class QNetworkReply;
 class QSplashScreen;
 
 namespace selvora {
@@ -15,7 +13,8 @@ class Document;
 }
 namespace menu {
 class Menu;
-}
+class UpdateCheck;
+} // namespace menu
 namespace spatialview {
 class SpatialGroupView;
 }
@@ -53,12 +52,9 @@ private:
                  bool fixedSize);
 
     QString settingsFilePath_;
-    QString onlineText_;
-    QString onlineVersion_;
-    QStringList updateLocations_;
-    QStringList onlineList_;
     QSplashScreen* splash_ = nullptr;
-    QNetworkAccessManager* network_ = nullptr;
+    // The check for a newer version at start-up: it speaks only when there is one.
+    menu::UpdateCheck* updateCheck_ = nullptr;
     document::Document* document_ = nullptr;
     menu::Menu* menu_ = nullptr;
     QWidget* toolBar_ = nullptr;

@@ -1,8 +1,11 @@
 #include "app/Menu.h"
 
-#include "app/OrganisationInfo.h"
+#include "app/AboutBox.h"
+#include "app/ContactForm.h"
+#include "app/RepositoryDialog.h"
 #include "app/ShapePalette.h"
 #include "app/TwoStageToolTip.h"
+#include "app/UpdateCheck.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -18,15 +21,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QSettings>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 #include <initializer_list>
 #include <utility>
@@ -110,7 +108,8 @@ Menu::Menu(document::Document* document, QWidget* parent)
     scene_ = document_->getScene(-1);
     setDocumentConnections();
     setSceneConnections();
-    // The network services come with their own work: no managers until then.
+    updateCheck_ = new UpdateCheck(UpdateCheck::Mode::onDemand, parent_, this);
+    contactForm_ = new ContactForm(parent_, this);
     // Qt shows an action's short tip itself: the menus give their long ones only.
     toolTip_ = new TwoStageToolTip(this, {2000, QSize(), QSize(60, 30)});
     createActions();
@@ -706,70 +705,22 @@ void Menu::setToolTipTexts() {
 
 // ---------------------------------------------------------------- online services
 
-// Asks the update addresses for a newer version: comes with the network services.
-void Menu::settingVerifyUpdate() {}
-
-// The contact form sends through the network services, which come with their own work.
-void Menu::openContactForm() {}
-
-void Menu::configRepository() {
-    auto* dialog = new QDialog(parent_, Qt::WindowStaysOnTopHint);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFocusPolicy(Qt::WheelFocus);
-    dialog->setWindowTitle(tr("Configuração do Repositório"));
-    dialog->setFixedSize(500, 100);
-    repositoryDialog_ = dialog;
-    repositoryEdit_ = new QLineEdit(dialog);
-
-    auto* address = new QHBoxLayout();
-    address->addWidget(new QLabel(tr("URL:"), dialog));
-    address->addWidget(repositoryEdit_);
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch();
-    auto* cancel = new QPushButton(tr("&Cancelar"), dialog);
-    auto* save = new QPushButton(tr("&Salvar"), dialog);
-    buttons->addWidget(cancel);
-    buttons->addWidget(save);
-    auto* layout = new QVBoxLayout(dialog);
-    layout->addLayout(address);
-    layout->addLayout(buttons);
-
-    connect(cancel, &QPushButton::clicked, dialog, &QDialog::reject);
-    connect(save, &QPushButton::clicked, this, &Menu::saveRepository);
-    dialog->exec();
+void Menu::settingVerifyUpdate() {
+    updateCheck_->settingVerifyUpdate();
 }
 
-void Menu::saveRepository() {
-    if (!repositoryDialog_ || !repositoryEdit_)
-        return;
-    const QString url = repositoryEdit_->text();
-    if (url.isEmpty()) {
-        QMessageBox::warning(repositoryDialog_, tr("Configuração do Repositório"),
-                             tr("<h2>Alerta.</h2><p>Por favor, preencha corretamente o endereço "
-                                "do repositório."));
-        return;
-    }
-    repositoryDialog_->close();
-    document_->setUrlRepository(url);
-    const int answer =
-        ask(QMessageBox::Question, tr("Publicar"),
-            tr("Deseja publicar o projeto \"%1\" agora?\n").arg(document_->getProjectName()),
-            {{QMessageBox::Yes, tr("Sim")}, {QMessageBox::No, tr("Não")}});
-    if (answer == QMessageBox::Yes)
-        publish();
+void Menu::openContactForm() {
+    contactForm_->openContactForm();
+}
+
+void Menu::configRepository() {
+    RepositoryDialog dialog(document_, parent_);
+    connect(&dialog, &RepositoryDialog::publishRequested, this, &Menu::publish);
+    dialog.exec();
 }
 
 void Menu::about() {
-    QMessageBox::about(
-        parent_, tr("Sobre Selvorá"),
-        tr("<h2>Selvorá %1</h2><p align=\"Justify\">A ferramenta de autoria Selvorá tem como "
-           "objetivo possibilitar a criação colaborativa de objetos de aprendizagem por "
-           "professores e tutores.<p align=\"Justify\">Após a etapa de criação ser finalizada, os "
-           "usuários podem publicar as suas composições no repositório de OA da Rede Nacional de "
-           "Pesquisa (RNP).<p align=\"Justify\">Com a publicação do objeto, alunos e professores "
-           "tem possibilidade de visualização em qualquer dispositivo com a acesso a internet e "
-           "reúso do conteúdo para produção de novos objetos.")
-            .arg(OrganisationInfo::version()));
+    AboutBox::show(parent_);
 }
 
 } // namespace menu

@@ -9,9 +9,7 @@
 #include <QString>
 
 class QAction;
-class QDialog;
 class QEventLoop;
-class QLineEdit;
 class QMenu;
 class QToolBar;
 class QWidget;
@@ -25,7 +23,9 @@ class Scene;
 
 namespace menu {
 
+class ContactForm;
 class ShapePalette;
+class UpdateCheck;
 
 // The shapes of the palette in kShapeType order: slot, shape (whose key is also the icon word),
 // text. Several shapes share a text on purpose: the icon tells them apart.
@@ -132,7 +132,6 @@ public slots:
     void settingVerifyUpdate();
     void openContactForm();
     void configRepository();
-    void saveRepository();
     void about();
 
 #define SELVORA_MENU_SHAPE_SLOT(slot, shape, text)                                                 \
@@ -216,8 +215,8 @@ private:
 
     QList<QAction*> recentFileActs_;
 
-    QPointer<QDialog> repositoryDialog_;
-    QPointer<QLineEdit> repositoryEdit_;
+    UpdateCheck* updateCheck_ = nullptr;
+    ContactForm* contactForm_ = nullptr;
     QEventLoop* savingLoop_ = nullptr;
 };
 

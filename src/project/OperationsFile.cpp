@@ -6,16 +6,26 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "project/HtmlExport.h"
+#include "project/NclExport.h"
 #include "project/ProjectReader.h"
 #include "project/ProjectXml.h"
+#include "project/ServiceAddresses.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDebug>
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
+#include <QHttpMultiPart>
+#include <QNetworkAccessManager>
+#include <QNetworkRequest>
+#include <QPointer>
+#include <QProcess>
 #include <QSaveFile>
+#include <QTextStream>
 
 #include <algorithm>
 
@@ -85,6 +95,15 @@ QDomElement appendMeta(QDomDocument& doc, QDomElement& root, const char* name,
 
 OperationsFile::OperationsFile(Document* document, QObject* parent)
     : QObject(parent), document_(document), currentScene_(document->getScene(-1)) {}
+
+OperationsFile::~OperationsFile() {
+    // A packer or an upload still running when the worker goes must not call back into it.
+    if (process_)
+        process_->disconnect(this);
+    if (reply_)
+        reply_->disconnect(this);
+    delete process_;
+}
 
 // ---------------------------------------------------------------- project folder
 
@@ -224,7 +243,7 @@ void OperationsFile::saveProject(bool finish) {
         const QList<Media*> medias = scene->getAllMedias();
         for (Media* media : medias) {
             if (!saveMedia(scene, media)) {
-                emit finished();
+                endOperation(); // an export or publish that called us stops here too
                 return;
             }
             ProjectXml::appendMedia(
@@ -248,7 +267,7 @@ void OperationsFile::saveProject(bool finish) {
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
         !file.commit()) {
         emit saveReport(QStringLiteral("writeError"), path);
-        emit finished();
+        endOperation();
         return;
     }
     document_->setModified(false);
@@ -265,6 +284,236 @@ QString OperationsFile::loadProject() {
     emit loadReport(report);
     emit finished();
     return report;
+}
+
+// ---------------------------------------------------------------- export
+
+void OperationsFile::endOperation() {
+    if (ended_)
+        return;
+    ended_ = true;
+    emit finished();
+}
+
+void OperationsFile::exportProjectHTML() {
+    exportProject(Definitions::kTypeExport::HTML);
+}
+
+void OperationsFile::exportProjectNCL() {
+    exportProject(Definitions::kTypeExport::NCL);
+}
+
+QString OperationsFile::formFieldText(const QString& text) {
+    // Ordinary names pass unchanged; a quote or a line end would end the header early.
+    QString field = text;
+    field.replace(QLatin1Char('"'), QStringLiteral("%22"));
+    field.replace(QLatin1Char('\r'), QStringLiteral("%0D"));
+    field.replace(QLatin1Char('\n'), QStringLiteral("%0A"));
+    return field;
+}
+
+void OperationsFile::exportProject(Definitions::kTypeExport type) {
+    if (document_->isModified())
+        saveProject(false);
+    else
+        emit progress(100);
+    if (ended_)
+        return; // the save failed and said so: the worker is on its way out
+    exportType_ =
+        type == Definitions::kTypeExport::HTML ? QStringLiteral(".html") : QStringLiteral(".ncl");
+    const QString file =
+        document_->getProjectDirectory() + QLatin1Char('/') + document_->getProjectName();
+    const QFileInfo info(file);
+    path_ = info.path();
+    baseName_ = info.baseName();
+
+    const QUrl service = ServiceAddresses::conversionUrl(type);
+    if (service.isEmpty()) {
+        exportWithoutService(type);
+        return;
+    }
+
+    auto* multiPart = new QHttpMultiPart(QHttpMultiPart::FormDataType);
+    // The service has always received the local path as the first field's name and value.
+    QHttpPart pathPart;
+    pathPart.setHeader(QNetworkRequest::ContentDispositionHeader,
+                       QStringLiteral("form-data; name=\"%1\"").arg(formFieldText(file)));
+    pathPart.setBody(file.toLatin1());
+    QHttpPart filePart;
+    filePart.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("text/html"));
+    filePart.setHeader(
+        QNetworkRequest::ContentDispositionHeader,
+        QStringLiteral("form-data; name=\"selvora_file\"; filename=\"%1\"")
+            .arg(formFieldText(baseName_ + QLatin1Char('.') + info.suffix().toLower())));
+    auto* device = new QFile(file, multiPart);
+    if (!info.isFile() || !device->open(QIODevice::ReadOnly)) {
+        delete multiPart;
+        emit saveReport(QStringLiteral("readError"), file);
+        endOperation();
+        return;
+    }
+    filePart.setBodyDevice(device);
+    multiPart->append(pathPart);
+    multiPart->append(filePart);
+
+    // No time-out of our own: the answer is awaited as long as the connection lives.
+    if (!manager_)
+        manager_ = new QNetworkAccessManager(this);
+    reply_ = manager_->post(QNetworkRequest(service), multiPart);
+    multiPart->setParent(reply_);
+    connect(reply_, &QNetworkReply::finished, this, &OperationsFile::UploadDone,
+            Qt::UniqueConnection);
+    connect(reply_, &QNetworkReply::errorOccurred, this, &OperationsFile::UploadError,
+            Qt::UniqueConnection);
+}
+
+void OperationsFile::exportWithoutService(Definitions::kTypeExport type) {
+    // The program is its own converter. It runs on the main thread, queued behind the pictures
+    // of texts and shapes that the save has just asked for, so that the page finds them.
+    QPointer<OperationsFile> self(this);
+    QMetaObject::invokeMethod(
+        qApp,
+        [self, this, type]() {
+            if (!self)
+                return; // the program closed meanwhile
+            const QString folder = document_->getProjectDirectory();
+            const ExportResult result = type == Definitions::kTypeExport::HTML
+                                            ? HtmlExport::run(document_, folder)
+                                            : NclExport::run(document_, folder);
+            if (result.ok)
+                emit exportReport(QNetworkReply::NoError, exportType_);
+            else
+                emit exportRefused(result.message);
+            endOperation();
+        },
+        Qt::QueuedConnection);
+}
+
+void OperationsFile::UploadDone() {
+    if (!reply_)
+        return;
+    QByteArray bytes = reply_->readAll();
+    // The answer is text: it ends at the first NUL.
+    const int nul = bytes.indexOf('\0');
+    if (nul >= 0)
+        bytes.truncate(nul);
+    if (reply_->error() != QNetworkReply::NoError) {
+        endOperation();
+        return;
+    }
+    const QString target = path_ + QLatin1Char('/') + baseName_ + exportType_;
+    // A link of that name is removed, never followed out of the folder.
+    const QFileInfo existing(target);
+    if (existing.exists() || existing.isSymLink())
+        QFile::remove(target);
+    QFile output(target);
+    if (!output.open(QIODevice::ReadWrite | QIODevice::Text)) {
+        emit saveReport(QStringLiteral("writeError"), target);
+        endOperation();
+        return;
+    }
+    {
+        QTextStream stream(&output);
+        stream.setCodec("UTF-8");
+        stream << QString::fromUtf8(bytes);
+    }
+    output.close();
+    emit exportReport(QNetworkReply::NoError, exportType_);
+    endOperation();
+}
+
+void OperationsFile::UploadError(QNetworkReply::NetworkError error) {
+    emit exportReport(error, exportType_);
+    endOperation();
+}
+
+// ---------------------------------------------------------------- publish
+
+QStringList OperationsFile::zipArguments(const QString& projectName) {
+    QString archive = projectName + QStringLiteral(".zip");
+    // A name that starts like an option is still a file name.
+    if (archive.startsWith(QLatin1Char('-')))
+        archive.prepend(QStringLiteral("./"));
+    return {QStringLiteral("-r0"),       archive,
+            QStringLiteral("."),         QStringLiteral("-x"),
+            QStringLiteral("*.db"),      QStringLiteral("*.bak"),
+            QStringLiteral("*.svproj~"), QStringLiteral("*.DS_Store"),
+            QStringLiteral("*.html"),    QStringLiteral("*.ncl")};
+}
+
+void OperationsFile::publishProject() {
+    if (document_->isModified())
+        saveProject(false);
+    else
+        emit progress(100);
+    if (ended_)
+        return; // the save failed and said so: the worker is on its way out
+    emit titleProgress(tr("Compactando Projeto"));
+    emit progress(0);
+
+    int sum = 0;
+    const QList<Scene*> scenes = document_->getSceneAll().values();
+    for (const Scene* scene : scenes)
+        sum += scene->countMedia();
+    // About 2.3 lines of the packer's output per medium.
+    progressValue_ = 0;
+    totalFiles_ = static_cast<int>(sum * 2.3);
+    // With nothing to count, the first line fills the bar.
+    rateProgress_ = totalFiles_ > 0 ? 100.0f / totalFiles_ : 100.0f;
+    qDebug() << "Total de Mídias: " << sum;
+    qDebug() << "Rate Progress" << rateProgress_;
+
+    const QString directory = document_->getProjectDirectory();
+    if (directory.isEmpty() || !QFileInfo(directory).isDir()) {
+        printFinished(-1);
+        return;
+    }
+    process_ = new QProcess(this);
+    connect(process_, &QProcess::readyReadStandardOutput, this, &OperationsFile::printProgress);
+    connect(process_, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            [this](int exitCode, QProcess::ExitStatus status) {
+                printFinished(status == QProcess::CrashExit && exitCode == 0 ? -1 : exitCode);
+            });
+    // A packer that never starts ends no process: it is reported as a failed one.
+    connect(process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            printFinished(-1);
+    });
+    // No shell between us and the packer: the names reach it as they are.
+    process_->setWorkingDirectory(directory);
+    process_->start(QStringLiteral("zip"), zipArguments(document_->getProjectName()),
+                    QIODevice::ReadWrite);
+}
+
+void OperationsFile::printProgress() {
+    const QList<QByteArray> lines = process_->readAllStandardOutput().split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.isEmpty())
+            continue;
+        progressValue_ += rateProgress_;
+        qDebug() << progressValue_ << rateProgress_;
+        emit progress(static_cast<int>(std::min(progressValue_, 100.0f)));
+    }
+}
+
+void OperationsFile::printFinished(int exitCode) {
+    if (ended_)
+        return;
+    qDebug() << "Finished";
+    if (exitCode == 0) {
+        emit progress(100);
+        emit publishReport(0);
+    } else {
+        qDebug() << "CrashExit";
+        const QList<QByteArray> lines =
+            process_ ? process_->readAllStandardError().split('\n') : QList<QByteArray>();
+        qDebug() << "Error: " << (lines.isEmpty() ? QByteArray() : lines.last());
+        qDebug() << "== Error ==";
+        for (const QByteArray& line : lines)
+            qDebug() << "Error: " << line;
+        emit publishReport(exitCode);
+    }
+    endOperation();
 }
 
 } // namespace project

@@ -5,7 +5,10 @@
 #include "document/Scene.h"
 #include "project/OperationsFile.h"
 #include "project/ProjectScan.h"
+#include "project/ServiceAddresses.h"
 
+#include <QAbstractButton>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QDir>
 #include <QEvent>
@@ -18,6 +21,7 @@
 #include <QProgressBar>
 #include <QSettings>
 #include <QThread>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace selvora {
@@ -36,6 +40,7 @@ const QString kExtension = QStringLiteral(".svproj");
 Project::Project(Document* document, QWidget* parent)
     : QWidget(parent), document_(document), currentScene_(document->getScene(-1)), parent_(parent) {
     hide();
+    qRegisterMetaType<QNetworkReply::NetworkError>();
     progressDialog_ = new QDialog(parent_, Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
     progressDialog_->setWindowFlags(progressDialog_->windowFlags() & ~Qt::WindowCloseButtonHint &
                                     ~Qt::WindowContextHelpButtonHint);
@@ -51,7 +56,23 @@ Project::Project(Document* document, QWidget* parent)
     setSceneConnections();
 }
 
+bool Project::Running::operator==(const Running& other) const {
+    return thread == other.thread && worker == other.worker;
+}
+
 Project::~Project() {
+    // The program closes in the middle of an operation (an upload that is never answered, a
+    // packer still running): the worker goes in its own thread, and no thread outlives us.
+    for (const Running& running : qAsConst(running_)) {
+        if (!running.thread)
+            continue;
+        running.thread->disconnect();
+        if (running.worker)
+            running.worker->deleteLater();
+        running.thread->quit();
+        running.thread->wait();
+        delete running.thread;
+    }
     // Without a parent the dialog is ours to delete.
     if (!progressDialog_->parent())
         delete progressDialog_;
@@ -78,6 +99,8 @@ void Project::setDocumentConnections() {
     connect(document_, &Document::open, this, &Project::setDocumentConnections, unique);
     connect(document_, &Document::save, this, &Project::save, unique);
     connect(document_, &Document::load, this, &Project::load, unique);
+    connect(document_, &Document::publish, this, &Project::publish, unique);
+    connect(document_, &Document::exportt, this, &Project::exportt, unique);
     connect(document_, &Document::sceneCurrent, this, &Project::changeScene, unique);
     connect(document_, &Document::clear, this, &Project::clearProject, unique);
 }
@@ -86,6 +109,8 @@ void Project::setDocumentDisconnections() {
     // newp and open stay: the next new or opened project brings the others back.
     disconnect(document_, &Document::save, this, &Project::save);
     disconnect(document_, &Document::load, this, &Project::load);
+    disconnect(document_, &Document::publish, this, &Project::publish);
+    disconnect(document_, &Document::exportt, this, &Project::exportt);
     disconnect(document_, &Document::sceneCurrent, this, &Project::changeScene);
     disconnect(document_, &Document::clear, this, &Project::clearProject);
 }
@@ -146,6 +171,8 @@ void Project::runOperation(Operation operation) {
     auto* thread = new QThread();
     auto* worker = new OperationsFile(document_);
     worker->moveToThread(thread);
+    running_.removeAll(Running());
+    running_.append({thread, worker});
     setThreadConnections(thread, worker, operation);
     progressBar_->setValue(0);
     progressDialog_->show();
@@ -163,6 +190,21 @@ void Project::setThreadConnections(QThread* thread, OperationsFile* worker, Oper
     case Operation::load:
         connect(thread, &QThread::started, worker, [worker] { worker->loadProject(); });
         connect(worker, &OperationsFile::loadReport, this, &Project::loadReport, unique);
+        break;
+    case Operation::exportHTML:
+    case Operation::exportNCL:
+        if (operation == Operation::exportHTML)
+            connect(thread, &QThread::started, worker, &OperationsFile::exportProjectHTML, unique);
+        else
+            connect(thread, &QThread::started, worker, &OperationsFile::exportProjectNCL, unique);
+        connect(worker, &OperationsFile::saveReport, this, &Project::saveReport, unique);
+        connect(worker, &OperationsFile::exportReport, this, &Project::exportReport, unique);
+        connect(worker, &OperationsFile::exportRefused, this, &Project::exportRefused, unique);
+        break;
+    case Operation::publish:
+        connect(thread, &QThread::started, worker, &OperationsFile::publishProject, unique);
+        connect(worker, &OperationsFile::saveReport, this, &Project::saveReport, unique);
+        connect(worker, &OperationsFile::publishReport, this, &Project::publishReport, unique);
         break;
     default:
         return;
@@ -282,6 +324,74 @@ void Project::saveReport(const QString& kind, const QString& path) {
         QMessageBox::critical(
             nullptr, tr("Erro"),
             tr("Você não tem permissão para salvar o arquivo <b>\"%1\"</b>.").arg(path));
+}
+
+// ---------------------------------------------------------------- export and publish
+
+void Project::exportt(Definitions::kTypeExport type) {
+    runOperation(type == Definitions::kTypeExport::HTML ? Operation::exportHTML
+                                                        : Operation::exportNCL);
+}
+
+void Project::publish() {
+    runOperation(Operation::publish);
+}
+
+void Project::exportReport(QNetworkReply::NetworkError error, const QString& extension) {
+    const QString file =
+        QFileInfo(document_->getProjectName()).baseName().toHtmlEscaped() + extension;
+    if (error == QNetworkReply::NoError && extension == QLatin1String(".html")) {
+        QMessageBox box(QMessageBox::Information, tr("Exportação"),
+                        tr("<h2>Projeto exportado com sucesso.</h2><p>O arquivo <b>%1</b> já se "
+                           "encontra na pasta do projeto.<p>Deseja abrir o arquivo no browser "
+                           "padrão do seu computador?")
+                            .arg(file),
+                        QMessageBox::Yes | QMessageBox::No, nullptr,
+                        Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
+        box.button(QMessageBox::Yes)->setText(tr("Sim"));
+        box.button(QMessageBox::No)->setText(tr("Não"));
+        box.setDefaultButton(QMessageBox::Yes);
+        if (box.exec() == QMessageBox::Yes)
+            QDesktopServices::openUrl(
+                QUrl::fromLocalFile(document_->getProjectDirectory() + QLatin1Char('/') +
+                                    QFileInfo(document_->getProjectName()).baseName() + extension));
+    } else if (error == QNetworkReply::NoError) {
+        QMessageBox::information(nullptr, tr("Exportação"),
+                                 tr("<h2>Projeto exportado com sucesso.</h2><p>Acesse a pasta do "
+                                    "seu projeto e execute o arquivo <b>%1</b>.")
+                                     .arg(file));
+    } else if (error == QNetworkReply::OperationCanceledError) {
+        QMessageBox::information(nullptr, tr("Exportação"),
+                                 tr("<h2>Erro de conexão</h2><p>Sua conexão com a internet está "
+                                    "muito lenta. Tente publicar mais tarde."));
+    } else {
+        QMessageBox::information(nullptr, tr("Exportação"),
+                                 tr("<h2>Erro de conexão</h2><p>Impossível conectar ao servidor. "
+                                    "Verifique sua conexão com a internet."));
+    }
+}
+
+void Project::exportRefused(const QString& message) {
+    QMessageBox::warning(nullptr, tr("Exportação"), message.toHtmlEscaped());
+}
+
+void Project::publishReport(int exitCode) {
+    if (exitCode != 0) {
+        // A failed packer: the wording is the one users have always read here.
+        QMessageBox::information(nullptr, tr("Publicação para Web"),
+                                 tr("<h2>Erro de conexão</h2><p>Sua conexão com a internet está "
+                                    "muito lenta. Tente publicar mais tarde."));
+        return;
+    }
+    QMessageBox::information(
+        nullptr, tr("Compactação do Projeto"),
+        tr("<h2>Projeto compactado.</h2><p>Acesse a pasta do seu projeto e faça a submissão do "
+           "arquivo <b>%1</b> para o portal de Videoaula da RNP.")
+            .arg(QFileInfo(document_->getProjectName()).baseName().toHtmlEscaped() +
+                 QStringLiteral(".zip")));
+    const QUrl portal = ServiceAddresses::portalUrl();
+    if (!portal.isEmpty())
+        QDesktopServices::openUrl(portal);
 }
 
 } // namespace project

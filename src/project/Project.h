@@ -3,6 +3,8 @@
 
 #include "app/Definitions.h"
 
+#include <QList>
+#include <QNetworkReply>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -39,9 +41,14 @@ public slots:
     void save();
     void saveAs();
     void load(const QString& path);
+    void publish();
+    void exportt(selvora::Definitions::kTypeExport type);
     void clearProject();
     void saveReport(const QString& kind, const QString& path);
     void loadReport(const QString& report);
+    void publishReport(int exitCode);
+    void exportReport(QNetworkReply::NetworkError error, const QString& extension);
+    void exportRefused(const QString& message);
     void projectModified();
     void changeScene(selvora::document::Scene* scene);
     void setCurrentMedia(selvora::document::Media* media);
@@ -67,6 +74,13 @@ private:
     QWidget* parent_;
     QDialog* progressDialog_;
     QProgressBar* progressBar_;
+    // The operations started and not known to be over.
+    struct Running {
+        QPointer<QThread> thread;
+        QPointer<OperationsFile> worker;
+        bool operator==(const Running& other) const;
+    };
+    QList<Running> running_;
 };
 
 } // namespace project

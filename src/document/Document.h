@@ -38,6 +38,10 @@ public:
     // --- commands: each only emits its signal ---
     void undoAction() { emit undo(); }
     void redoAction() { emit redo(); }
+    // The changes made between an open and its close undo and redo as one step. Groups may
+    // nest (only the outermost counts) and may stay empty. HistoryGroup pairs the two calls.
+    void openHistoryGroup() { emit historyGroupOpened(); }
+    void closeHistoryGroup() { emit historyGroupClosed(); }
     void saveProject() { emit save(); }
     void saveProjectAs() { emit saveAs(); }
     void publishProject() { emit publish(); }
@@ -146,6 +150,8 @@ public slots:
 signals:
     void undo();
     void redo();
+    void historyGroupOpened();
+    void historyGroupClosed();
     void save();
     void saveAs();
     void publish();

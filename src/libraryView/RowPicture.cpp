@@ -29,7 +29,8 @@ void RowPicture::applyListSettings(QListWidget* list) {
 }
 
 QPixmap RowPicture::decorate(QListWidgetItem* item, const QString& source) {
-    const QPixmap picture(source);
+    // Only a regular file is read: a pipe or a device named like a picture could block for ever.
+    const QPixmap picture = QFileInfo(source).isFile() ? QPixmap(source) : QPixmap();
     QPixmap icon(kIconSize, kIconSize);
     {
         QPainter painter(&icon);

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include <iterator>
+
 namespace selvora {
 namespace feature {
 
@@ -83,6 +85,10 @@ void LinkTab::fillKeys() {
         {Key::CURSOR_RIGHT, ":/imagens/cursor_right"},
         {Key::CURSOR_DOWN, ":/imagens/cursor_down"},
     };
+    // The keys never change: filled once, the list stays, with the entry chosen in it. Reading
+    // nine pictures again at every change of scene was a good part of the change's time.
+    if (key->count() == 1 + int(std::size(kKeys)))
+        return;
     const QVariant chosen = key->currentData();
     key->clear();
     key->addItem(QString(), -1);

@@ -1,8 +1,8 @@
 #ifndef SELVORA_BENCH_BENCHPROJECT_H
 #define SELVORA_BENCH_BENCHPROJECT_H
 
-// The large project of the benchmarks: 100 scenes, each with 40 media (pictures, texts, shapes
-// and sounds in turn) and about 200 syncs, of which one in ten is a link.
+// The large project of the benchmarks: 100 scenes (or as many as asked), each with 40 media
+// (pictures, texts, shapes and sounds in turn) and about 200 syncs, of which one in ten is a link.
 
 #include "app/Definitions.h"
 #include "document/Document.h"
@@ -25,14 +25,15 @@ constexpr int kScenes = 100;
 constexpr int kMediaPerScene = 40;
 constexpr int kExtraSyncsPerScene = 160; // plus one start per medium
 
-inline void buildProject(selvora::document::Document* doc, const QString& picture) {
+inline void buildProject(selvora::document::Document* doc, const QString& picture,
+                         int scenes = kScenes) {
     using selvora::Definitions;
     using selvora::document::Media;
     using selvora::document::Scene;
     const Definitions::kMediaType types[] = {
         Definitions::kMediaType::image, Definitions::kMediaType::text,
         Definitions::kMediaType::shape, Definitions::kMediaType::audio};
-    for (int s = 0; s < kScenes; ++s) {
+    for (int s = 0; s < scenes; ++s) {
         Scene* scene = s == 0 ? doc->getScene(-1) : doc->createScene();
         scene->setTotalTime(120);
         doc->setCurrentScene(scene->getId(), true);
@@ -52,7 +53,7 @@ inline void buildProject(selvora::document::Document* doc, const QString& pictur
             if (k % 10 == 9)
                 doc->loadSync(scene, target, true, Definitions::kSyncType::select, time,
                               {{"key", "49"},
-                               {"link", QString::number((s + 1) % kScenes)},
+                               {"link", QString::number((s + 1) % scenes)},
                                {"timeEvent", "0"}});
             else
                 doc->loadSync(scene, target, true, Definitions::kSyncType::set, time,
@@ -88,9 +89,10 @@ struct SavedProject {
     QString picture;
 };
 
-// Builds the large project in a new project under `folder` and saves it once, which copies its
-// pictures.
-inline SavedProject saveProject(selvora::document::Document* doc, const QString& folder) {
+// Builds the large project (of `scenes` scenes) in a new project under `folder` and saves it
+// once, which copies its pictures.
+inline SavedProject saveProject(selvora::document::Document* doc, const QString& folder,
+                                int scenes = kScenes) {
     using selvora::project::OperationsFile;
     QImage image(32, 32, QImage::Format_RGB32);
     image.fill(Qt::darkCyan);
@@ -102,7 +104,7 @@ inline SavedProject saveProject(selvora::document::Document* doc, const QString&
     saved.directory = doc->getProjectDirectory();
     saved.name = doc->getProjectName();
     saved.file = saved.directory + "/" + saved.name;
-    buildProject(doc, saved.picture);
+    buildProject(doc, saved.picture, scenes);
     OperationsFile(doc).saveProject();
     return saved;
 }

@@ -181,6 +181,60 @@ private slots:
         QCOMPARE(scene->getLabel(), QString("L19"));
     }
 
+    // A group is one step: nested groups join the outer one, an empty group leaves nothing, a
+    // stray close is harmless, and the oldest step leaves the full list whole.
+    void groupsAreOneStep() {
+        doc->newProject();
+        Scene* scene = current();
+        const QString original = scene->getLabel();
+        const int originalTime = scene->getTotalTime();
+        scene->setLabel("A");
+        doc->openHistoryGroup();
+        doc->closeHistoryGroup();
+        doc->closeHistoryGroup();
+        QCOMPARE(records(), 1);
+
+        doc->openHistoryGroup();
+        scene->setLabel("B");
+        doc->openHistoryGroup();
+        scene->setTotalTime(90);
+        doc->closeHistoryGroup();
+        QVERIFY(buffer->isGroupOpen());
+        scene->setLabel("C");
+        doc->closeHistoryGroup();
+        QVERIFY(!buffer->isGroupOpen());
+        scene->setLabel("D");
+        QCOMPARE(records(), 5);
+
+        doc->undoAction();
+        QCOMPARE(scene->getLabel(), QString("C"));
+        doc->undoAction();
+        QCOMPARE(scene->getLabel(), QString("A"));
+        QCOMPARE(scene->getTotalTime(), originalTime);
+        QCOMPARE(buffer->getPosition(), 4);
+        doc->redoAction();
+        QCOMPARE(scene->getLabel(), QString("C"));
+        QCOMPARE(scene->getTotalTime(), 90);
+        doc->undoAction();
+        doc->undoAction();
+        QCOMPARE(scene->getLabel(), original);
+
+        // Filling the list pushes the group out whole, never half of it.
+        doc->redoAction();
+        doc->redoAction();
+        for (int i = 0; i < Buffer::kMaxRecords - 4; ++i)
+            scene->setLabel(QString("L%1").arg(i));
+        QCOMPARE(records(), Buffer::kMaxRecords);
+        scene->setLabel("E");
+        QCOMPARE(records(), Buffer::kMaxRecords);
+        scene->setLabel("F");
+        QCOMPARE(records(), Buffer::kMaxRecords - 2);
+        for (int i = 0; i < Buffer::kMaxRecords; ++i)
+            doc->undoAction();
+        QCOMPARE(scene->getLabel(), QString("C"));
+        QCOMPARE(scene->getTotalTime(), 90);
+    }
+
     void newProjectAndLoadingRecordNothing() {
         Scene* scene = current();
         textAt(scene, 0, "antes");

@@ -219,15 +219,17 @@ private slots:
         QCOMPARE(set->getTime(), 4);
         QCOMPARE(set->getLayer(), QString("3"));
         QCOMPARE(scene()->getMedia(-1), a);
-        // One record for the dragged media and one per media shifted by it.
-        const int steps = history->getRecords().size() - before;
-        QCOMPARE(steps, 3);
-        for (int i = 0; i < steps; ++i)
-            doc->undoAction();
-        QCOMPARE(a->getLayer(), QString("1"));
-        QCOMPARE(b->getLayer(), QString("2"));
-        QCOMPARE(c->getLayer(), QString("3"));
+        // One record for the dragged media and one per media shifted by it, all one step.
+        QCOMPARE(history->getRecords().size() - before, 3);
+        const auto stack = [&] { return a->getLayer() + b->getLayer() + c->getLayer(); };
+        doc->undoAction();
+        QCOMPARE(stack(), QString("123"));
         QCOMPARE(shown(layers()), QList<int>({c->getId(), b->getId(), a->getId()}));
+        doc->redoAction();
+        QCOMPARE(stack(), QString("312"));
+        QCOMPARE(shown(layers()), QList<int>({a->getId(), c->getId(), b->getId()}));
+        doc->undoAction();
+        QCOMPARE(stack(), QString("123"));
     }
 
     // The buttons move the selected row one layer.

@@ -2,6 +2,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "libraryView/LibraryListItem.h"
 #include "project/OperationsFile.h"
 #include "project/ProjectXml.h"
 #include "support/MediaFixtures.h"
@@ -568,6 +569,36 @@ private slots:
         QVERIFY(!doc->isModified());
         // Ids of the older form were read as numbers and are written as numbers.
         QCOMPARE(dom.elementsByTagName("scene").item(0).toElement().attribute("id"), QString("4"));
+    }
+
+    // Files imported into the library and not used by any medium come back with the project,
+    // beside the ones in use; a file gone meanwhile keeps its row, and removal still works.
+    void libraryRoundTrip() {
+        makeFolder("biblioteca");
+        const QString used = MediaFixtures::makeImage(sources, "usada.png", QSize(20, 10));
+        const QString waiting = MediaFixtures::makeImage(sources, "espera.png", QSize(20, 10));
+        const QString gone = MediaFixtures::makeImage(sources, "sumiu.png", QSize(20, 10));
+        doc->createMedia(doc->getScene(-1), used, MediaType::image, "", "");
+        doc->addPathMedia(waiting);
+        doc->addPathMedia(gone);
+        const QString file = save();
+        const QDomElement library = parse(file).documentElement().lastChildElement();
+        QCOMPARE(canonical(library),
+                 QString("library[]{file[path=%1]{};file[path=%2]{}}").arg(waiting, gone));
+
+        QVERIFY(QFile::remove(gone));
+        QCOMPARE(load(file), QString("noError"));
+        const QString stored =
+            doc->getSceneAllInOrder().first()->getAllMedias().first()->getPathStart();
+        QCOMPARE(doc->getPathMedia(), QStringList({stored, waiting, gone}));
+        const selvora::libraryView::LibraryListItem row(gone);
+        QCOMPARE(row.text(), QString("sumiu.png"));
+        QVERIFY(row.getToolTipItem().isNull());
+
+        doc->removePathMedia(gone);
+        save();
+        QCOMPARE(load(file), QString("noError"));
+        QCOMPARE(doc->getPathMedia(), QStringList({stored, waiting}));
     }
 
     // ------------------------------------------------------------ the media folder

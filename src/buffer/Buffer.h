@@ -38,14 +38,20 @@ public:
 
     void addHistoric(Definitions::kActionType type, QDomDocument document, QDomElement payload);
 
+    // Whether records made now join one step (a group is open).
+    bool isGroupOpen() const { return groupDepth_ > 0; }
+
 public slots:
     void undo();
     void redo();
     void clearBuffer();
     void loadConnections();
-    // The records made between the two are undone and redone together.
-    void beginStep();
-    void endStep();
+    // The records made between the outermost open and its close are one step: one undo takes
+    // them all back, newest first, one redo makes them again in order. Inner groups join the
+    // outer one; an empty group leaves no step; a close without an open is ignored. The limit
+    // of kMaxRecords counts records, and the oldest step is dropped whole.
+    void openGroup();
+    void closeGroup();
 
     void setDocumentConnections();
     void setDocumentDisconnections();
@@ -89,7 +95,7 @@ private:
     struct Record {
         QDomDocument document; // keeps the element's owner alive
         QDomElement element;
-        bool joined = false; // undone and redone with the record before it
+        int group; // the step it belongs to with its neighbours; 0 for a step of its own
     };
 
     void replay(const Record& record, bool undo);
@@ -134,9 +140,9 @@ private:
     QList<Record> records_;
     // Ids, not pointers: the syncs themselves are deleted by the removals the list announces.
     QList<int> syncsRemoved_;
-    // An open step and how many records it holds so far.
-    int stepDepth_ = 0;
-    int stepRecords_ = 0;
+    int groupDepth_ = 0;
+    int group_ = 0; // the open group's number, 0 when none is open
+    int nextGroup_ = 1;
 };
 
 } // namespace buffer

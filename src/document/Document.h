@@ -38,6 +38,10 @@ public:
     // --- commands: each only emits its signal ---
     void undoAction() { emit undo(); }
     void redoAction() { emit redo(); }
+    // The changes made between an open and its close undo and redo as one step. Groups may
+    // nest (only the outermost counts) and may stay empty. HistoryGroup pairs the two calls.
+    void openHistoryGroup() { emit historyGroupOpened(); }
+    void closeHistoryGroup() { emit historyGroupClosed(); }
     void saveProject() { emit save(); }
     void saveProjectAs() { emit saveAs(); }
     void publishProject() { emit publish(); }
@@ -52,9 +56,6 @@ public:
     void insertLayout(Definitions::kLayoutType type) { emit openLayout(type); }
     void updateRecentFiles() { emit recentFilesUpdate(); }
     void updadeSceneOrder() { emit sceneUpdateOrder(); }
-    // The changes between the two make one step of the history (see HistoryStep).
-    void beginHistoryStep() { emit historyStepBegun(); }
-    void endHistoryStep() { emit historyStepEnded(); }
 
     // --- accessors ---
     QString getTitle() const { return title_; }
@@ -149,6 +150,8 @@ public slots:
 signals:
     void undo();
     void redo();
+    void historyGroupOpened();
+    void historyGroupClosed();
     void save();
     void saveAs();
     void publish();
@@ -163,8 +166,6 @@ signals:
     void openLayout(selvora::Definitions::kLayoutType type);
     void recentFilesUpdate();
     void sceneUpdateOrder();
-    void historyStepBegun();
-    void historyStepEnded();
 
     void project(QString title);
     void projectName(QString name);

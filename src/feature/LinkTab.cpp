@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include <iterator>
+
 namespace selvora {
 namespace feature {
 
@@ -67,6 +69,10 @@ void LinkTab::fillScenes(const QList<document::Scene*>& scenes) {
 }
 
 void LinkTab::fillKeys() {
+    // The keys never change: filled once, the list stays, with the entry chosen in it. Reading
+    // the key pictures again at every change of scene was a good part of the change's time.
+    if (key->count() > 1)
+        return;
     KeyChoices::fill(key);
 }
 

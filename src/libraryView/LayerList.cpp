@@ -1,6 +1,7 @@
 #include "libraryView/LayerList.h"
 
 #include "document/Document.h"
+#include "document/HistoryGroup.h"
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "libraryView/LayerListItem.h"
@@ -252,8 +253,10 @@ bool LayerList::dropLayerItem(const QMimeData* data, const QPoint& point) {
     return true;
 }
 
-// A change of stacking is a change event at the current second.
+// A change of stacking is a change event at the current second. The media it shifts write
+// records of their own: all of them are one step of the history.
 void LayerList::writeLayer(Media* media, int oldLayer, int newLayer) {
+    const document::HistoryGroup step(document_);
     media->setLayer(QString::number(newLayer));
     scene_->updateMediasLayer(media->getId(), oldLayer, newLayer);
     document_->createSync(scene_, media->getId(), true, SyncType::set, scene_->getCurrentTime(),

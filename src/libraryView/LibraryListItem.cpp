@@ -47,7 +47,24 @@ void LibraryListItem::loadPixmap() {
         // A file of no known kind (only a hand-made project names one) keeps a plain row.
         return;
     }
-    toolTipItem_ = RowPicture::decorate(this, source);
+    source_ = source;
+    previewMade_ = false;
+    RowPicture::decorate(this, source);
+}
+
+QPixmap LibraryListItem::getToolTipItem() const {
+    if (!previewMade_) {
+        toolTipItem_ = RowPicture::preview(source_);
+        previewMade_ = true;
+    }
+    return toolTipItem_;
+}
+
+QVariant LibraryListItem::data(int role) const {
+    // A row with no picture (a file of no known kind) has no tool-tip.
+    if (role == Qt::ToolTipRole && !source_.isEmpty())
+        return RowPicture::toolTip(getToolTipItem());
+    return QListWidgetItem::data(role);
 }
 
 } // namespace libraryView

@@ -4,6 +4,7 @@
 #include <QListWidgetItem>
 #include <QPixmap>
 #include <QString>
+#include <QVariant>
 
 namespace selvora {
 namespace libraryView {
@@ -15,7 +16,10 @@ public:
 
     QString getPath() const { return path_; }
     int getType() const { return type_; }
-    QPixmap getToolTipItem() const { return toolTipItem_; }
+    // The preview, made on first use.
+    QPixmap getToolTipItem() const;
+    // The tool-tip is the preview, encoded when asked for.
+    QVariant data(int role) const override;
 
     // The kind a file of this name becomes, by its extension in any case; -1 when none.
     static int typeOf(const QString& path);
@@ -24,7 +28,9 @@ private:
     void loadPixmap();
 
     QString path_;
-    QPixmap toolTipItem_;
+    QString source_; // the picture of the icon and of the preview
+    mutable QPixmap toolTipItem_;
+    mutable bool previewMade_ = false;
     int type_ = -1;
 };
 

@@ -85,6 +85,9 @@ void LibraryView::createLayout() {
     tabs_->setMovable(true);
     tabs_->setTabPosition(QTabWidget::North);
     tabs_->setTabShape(QTabWidget::Rounded);
+    // Three tabs, always whole: the dock is at least as wide as their titles, with no arrows.
+    tabs_->setUsesScrollButtons(false);
+    tabs_->setElideMode(Qt::ElideNone);
     const auto page = [this](const QList<QPushButton*>& buttons, QWidget* list) {
         auto* widget = new QWidget(this);
         auto* row = new QHBoxLayout;

@@ -4,11 +4,13 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QDateTime>
 #include <QDrag>
 #include <QFileInfo>
 #include <QListWidget>
 #include <QMimeData>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QTextOption>
 #include <QUrl>
 #include <QVariantHash>
@@ -28,34 +30,57 @@ void RowPicture::applyListSettings(QListWidget* list) {
     list->setDragDropMode(QAbstractItemView::InternalMove);
 }
 
-QPixmap RowPicture::decorate(QListWidgetItem* item, const QString& source) {
-    const QPixmap picture(source);
-    QPixmap icon(kIconSize, kIconSize);
-    {
-        QPainter painter(&icon);
-        painter.fillRect(QRect(0, 0, kIconSize - 1, kIconSize - 1), Qt::white);
-        painter.drawRect(QRect(0, 0, kIconSize - 2, kIconSize - 2));
-        if (!picture.isNull())
-            painter.drawPixmap(QRect(QPoint(1, 1), QPoint(kIconSize - 2, kIconSize - 2)), picture);
+namespace {
+// Only a regular file is read: a pipe or a device named like a picture could block for ever.
+QPixmap readPicture(const QString& source) {
+    return QFileInfo(source).isFile() ? QPixmap(source) : QPixmap();
+}
+} // namespace
+
+void RowPicture::decorate(QListWidgetItem* item, const QString& source) {
+    // Rows of one picture share one icon: a scene of many shapes of a kind, a scene seen again.
+    const QFileInfo info(source);
+    const QString key = QStringLiteral("selvora-row:%1:%2:%3")
+                            .arg(source)
+                            .arg(info.lastModified().toMSecsSinceEpoch())
+                            .arg(info.size());
+    QPixmap icon;
+    if (!QPixmapCache::find(key, &icon)) {
+        const QPixmap picture = readPicture(source);
+        icon = QPixmap(kIconSize, kIconSize);
+        {
+            QPainter painter(&icon);
+            painter.fillRect(QRect(0, 0, kIconSize - 1, kIconSize - 1), Qt::white);
+            painter.drawRect(QRect(0, 0, kIconSize - 2, kIconSize - 2));
+            if (!picture.isNull())
+                painter.drawPixmap(QRect(QPoint(1, 1), QPoint(kIconSize - 2, kIconSize - 2)),
+                                   picture);
+        }
+        icon = icon.scaled(kIconSize, kIconSize);
+        QPixmapCache::insert(key, icon);
     }
-    icon = icon.scaled(kIconSize, kIconSize);
     item->setData(Qt::DecorationRole, icon);
     item->setIcon(QIcon(icon));
+}
 
+QPixmap RowPicture::preview(const QString& source) {
     // A file that cannot be read keeps its row, with an empty preview.
-    QPixmap preview;
-    if (!picture.isNull())
-        preview = picture.height() <= picture.width()
-                      ? picture.scaledToWidth(kPreviewSize, Qt::SmoothTransformation)
-                      : picture.scaledToHeight(kPreviewSize, Qt::SmoothTransformation);
+    const QPixmap picture = readPicture(source);
+    if (picture.isNull())
+        return QPixmap();
+    return picture.height() <= picture.width()
+               ? picture.scaledToWidth(kPreviewSize, Qt::SmoothTransformation)
+               : picture.scaledToHeight(kPreviewSize, Qt::SmoothTransformation);
+}
+
+QString RowPicture::toolTip(const QPixmap& preview) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     preview.save(&buffer, "PNG");
-    item->setToolTip(QStringLiteral("<img style=\"background-color: #ffffff;\" "
-                                    "src=\"data:image/png;base64,") +
-                     QString::fromLatin1(bytes.toBase64()) + QStringLiteral("\"/>"));
-    return preview;
+    return QStringLiteral("<img style=\"background-color: #ffffff;\" "
+                          "src=\"data:image/png;base64,") +
+           QString::fromLatin1(bytes.toBase64()) + QStringLiteral("\"/>");
 }
 
 QPixmap RowPicture::dragCard(const QListWidget* list, const QPixmap& preview, const QString& text) {

@@ -22,8 +22,14 @@ public:
     static constexpr int kPreviewSize = 256;
 
     static void applyListSettings(QListWidget* list);
-    // Icon and tool-tip of the row from a picture; returns the preview kept for drags.
-    static QPixmap decorate(QListWidgetItem* item, const QString& source);
+    // The framed icon of the row from a picture.
+    static void decorate(QListWidgetItem* item, const QString& source);
+    // The picture at the size of a tool-tip, for the tool-tip and the drag card. Rows make it
+    // when it is first asked for, not when they are made: a smooth scaling and a PNG encoding
+    // per row would make every change of scene wait for all of them.
+    static QPixmap preview(const QString& source);
+    // The preview as a rich-text tool-tip.
+    static QString toolTip(const QPixmap& preview);
     static QPixmap dragCard(const QListWidget* list, const QPixmap& preview, const QString& text);
     // The payload of a drag towards the canvas; without properties the drop makes a new media.
     static QMimeData* mediaData(const QString& path, int type,

@@ -48,7 +48,24 @@ void SceneMediaItem::loadPixmap() {
         source = QStringLiteral(":/imagens/icones-Selvora_06");
         break;
     }
-    toolTipItem_ = RowPicture::decorate(this, source);
+    source_ = source;
+    previewMade_ = false;
+    RowPicture::decorate(this, source);
+}
+
+QPixmap SceneMediaItem::getToolTipItem() const {
+    if (!previewMade_) {
+        toolTipItem_ = RowPicture::preview(source_);
+        previewMade_ = true;
+    }
+    return toolTipItem_;
+}
+
+QVariant SceneMediaItem::data(int role) const {
+    // A row with no picture (a file of no known kind) has no tool-tip.
+    if (role == Qt::ToolTipRole && !source_.isEmpty())
+        return RowPicture::toolTip(getToolTipItem());
+    return QListWidgetItem::data(role);
 }
 
 } // namespace libraryView

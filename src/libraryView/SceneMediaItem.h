@@ -4,6 +4,7 @@
 #include <QListWidgetItem>
 #include <QPixmap>
 #include <QPointer>
+#include <QVariant>
 
 namespace selvora {
 namespace document {
@@ -20,14 +21,19 @@ public:
 
     int getId() const { return id_; }
     document::Scene* getScene() const { return scene_; }
-    QPixmap getToolTipItem() const { return toolTipItem_; }
+    // The preview, made on first use.
+    QPixmap getToolTipItem() const;
+    // The tool-tip is the preview, encoded when asked for.
+    QVariant data(int role) const override;
     // The media, or null when it is gone from the scene.
     document::Media* getMedia() const;
 
     void loadPixmap();
 
 private:
-    QPixmap toolTipItem_;
+    QString source_; // the picture of the icon and of the preview
+    mutable QPixmap toolTipItem_;
+    mutable bool previewMade_ = false;
     int id_;
     QPointer<document::Scene> scene_;
 };

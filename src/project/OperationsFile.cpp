@@ -25,6 +25,7 @@
 #include <QPointer>
 #include <QProcess>
 #include <QSaveFile>
+#include <QSet>
 #include <QTextStream>
 
 #include <algorithm>
@@ -89,6 +90,30 @@ QDomElement appendMeta(QDomDocument& doc, QDomElement& root, const char* name,
     meta.setAttribute(QLatin1String(name), value);
     root.appendChild(meta);
     return meta;
+}
+
+// The files of the library that no medium of a saved scene uses: imported and waiting. The ones
+// in use come back with their media. Written only when there are some, so that a project
+// without them keeps the file as it always was.
+void appendLibrary(QDomDocument& doc, QDomElement& root, const Document* document,
+                   const QList<Scene*>& scenes) {
+    QSet<QString> used;
+    for (const Scene* scene : scenes) {
+        for (const Media* media : scene->getAllMedias())
+            used.insert(media->getPathStart());
+    }
+    QDomElement library;
+    for (const QString& path : document->getPathMedia()) {
+        if (used.contains(path))
+            continue;
+        if (library.isNull())
+            library = doc.createElement(QStringLiteral("library"));
+        QDomElement file = doc.createElement(QStringLiteral("file"));
+        file.setAttribute(QStringLiteral("path"), path);
+        library.appendChild(file);
+    }
+    if (!library.isNull())
+        root.appendChild(library);
 }
 
 } // namespace
@@ -254,6 +279,7 @@ void OperationsFile::saveProject(bool finish) {
         }
         ProjectXml::appendSyncGroups(doc, sceneElement, scene, scene->getAllSyncs(), true, counter);
     }
+    appendLibrary(doc, root, document_, scenes);
 
     // Whatever was typed, the file holds only what XML can hold, so that it opens again.
     const QString text = ProjectXml::xmlText(doc.toString(1));

@@ -7,6 +7,7 @@
 #include "project/ProjectScan.h"
 #include "project/ProjectXml.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
@@ -58,6 +59,7 @@ QString decode(const QByteArray& bytes) {
 // at once: a `scene` inside a scene is both a medium of the outer one and a scene of its own.
 struct Open {
     bool isScene = false;
+    bool isLibrary = false;     // the files imported and not (yet) used, beside the scenes
     QPointer<Scene> scene;      // this element is a scene, while the scene lives
     QPointer<Scene> groupScene; // this element is a sync group of that scene
     int groupTime = 0;
@@ -209,6 +211,15 @@ bool ProjectReader::load(const QString& text, const QString& folder, int sceneCo
             ProjectXml::readProperty(open.last().action,
                                      ProjectXml::attribute(attributes, QStringLiteral("name")),
                                      ProjectXml::attribute(attributes, QStringLiteral("value")));
+        }
+        if (open.size() == 1 && tag == QLatin1String("library")) {
+            element.isLibrary = true;
+        } else if (parent && parent->isLibrary && tag == QLatin1String("file")) {
+            // Only a whole path names a file: anything else would depend on where the program
+            // runs. A file that is gone keeps its row, with an empty picture.
+            const QString path = ProjectXml::attribute(attributes, QStringLiteral("path"));
+            if (QDir::isAbsolutePath(path))
+                document_->addPathMedia(QDir::cleanPath(path));
         }
         if (tag == kScene) {
             element.isScene = true;

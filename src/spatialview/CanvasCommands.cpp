@@ -3,7 +3,7 @@
 #include "app/Menu.h"
 #include "app/ShapePalette.h"
 #include "document/Document.h"
-#include "document/HistoryStep.h"
+#include "document/HistoryGroup.h"
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
@@ -265,7 +265,7 @@ void CanvasCommands::pasteMedia() {
         }
     }
     const QHash<QString, QString> properties = source->getProperties();
-    document::HistoryStep step(document);
+    const document::HistoryGroup step(document);
     Media* media = document->createMedia(scene, source->getPathStart(), type, source->getGeometry(),
                                          source->getWording(), -1);
     if (!media)
@@ -318,7 +318,7 @@ void CanvasCommands::changeLayer(Command command) {
         return;
     const int oldLayer = media->getLayer().toInt();
     const int newLayer = other->getLayer().toInt();
-    document::HistoryStep step(view_->document_);
+    const document::HistoryGroup step(view_->document_);
     media->setLayer(QString::number(newLayer));
     scene->updateMediasLayer(media->getId(), oldLayer, newLayer);
     view_->document_->createSync(scene, media->getId(), true, SyncType::set,

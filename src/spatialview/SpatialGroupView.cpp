@@ -99,6 +99,8 @@ void SpatialGroupView::newSlide(Scene* scene) {
     auto* view = new SpatialView(document_, scene, this);
     views_.insert(scene->getId(), view);
     addWidget(view);
+    if (currentWidget() != view)
+        view->setUpdatesEnabled(false);
     setSceneConnections(scene, view);
     // The page is shown when the scene becomes current.
 }
@@ -111,9 +113,22 @@ void SpatialGroupView::changeSlide(Scene* scene) {
     currentView_ = views_.value(scene->getId(), nullptr);
     if (!currentView_)
         return;
-    setCurrentIndex(indexOf(currentView_));
+    showPage(currentView_);
     // The player stands right on arrival.
     currentView_->updateCurrentTimePlayer(scene->getCurrentTime());
+}
+
+void SpatialGroupView::showPage(QWidget* page) {
+    if (!page)
+        return;
+    QWidget* previous = currentWidget();
+    // Also when the stack put it in front by itself, as it does when the front page leaves.
+    page->setUpdatesEnabled(true);
+    if (page == previous)
+        return;
+    setCurrentWidget(page);
+    if (previous)
+        previous->setUpdatesEnabled(false);
 }
 
 // A scene without media keeps its page and its connections until the scene itself is gone.
@@ -172,7 +187,9 @@ void SpatialGroupView::open() {
         view->load();
         views_.insert(scene->getId(), view);
         addWidget(view);
-        setCurrentIndex(indexOf(view));
+        if (currentWidget() != view)
+            view->setUpdatesEnabled(false);
+        showPage(view);
         setSceneConnections(scene, view);
     }
 }

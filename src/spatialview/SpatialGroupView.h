@@ -46,6 +46,10 @@ private slots:
     void open();
 
 private:
+    // Brings a page to the front. The stack turns pages with updates off, which visits every
+    // widget of every page unless a page's own updates are off: pages out of sight keep theirs
+    // off, so that a turn costs the two pages it concerns, not the whole project.
+    void showPage(QWidget* page);
     void setDocumentConnections();
     void setDocumentDisconnections();
     void setSceneConnections(document::Scene* scene, SpatialView* view);

@@ -328,9 +328,11 @@ bool Document::setCurrentSceneTime(int id, int time, bool play) {
     currentScene_ = id;
     scene->setCurrentTime(time, false);
     setCurrentScene(id, true);
+    // The rebuild has played this second already; its gotos leave the span that ends here, as
+    // a feedback slot's exit is the next slot's entry, and are not followed on arrival.
     scene->resetExecuteSyncs();
     if (play)
-        scene->playScene();
+        scene->resumeScene();
     return true;
 }
 

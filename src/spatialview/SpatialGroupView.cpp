@@ -6,6 +6,8 @@
 #include "document/Scene.h"
 #include "document/Template.h"
 #include "spatialview/SpatialView.h"
+#include "wizards/Quiz.h"
+#include "wizards/QuizView.h"
 
 namespace selvora {
 namespace spatialview {
@@ -219,12 +221,21 @@ void SpatialGroupView::setTemplate(int id) {
             &SpatialView::showSpatialResizingRegion, unique);
 }
 
+// The quiz takes the current scene when it is empty, and a new one otherwise.
 void SpatialGroupView::showTemplate() {
-    // Opens the quiz wizard on the current scene, or on a new one; it comes with the wizards.
+    Scene* scene = document_->getScene(-1);
+    if (!scene || scene->countMedia() > 0)
+        scene = document_->createScene(-1);
+    new wizards::Quiz(document_, scene, this);
 }
 
 void SpatialGroupView::showComplementWidget() {
-    // Opens the quiz view on a new scene; it comes with the wizards.
+    Scene* scene = document_->createScene(-1);
+    document_->setCurrentScene(scene->getId(), true);
+    auto* view = new wizards::QuizView(document_, this);
+    view->setWindowFlags(Qt::Window);
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    view->show();
 }
 
 } // namespace spatialview

@@ -131,6 +131,9 @@ class TestQuiz : public QObject {
     void click(const Media* media) {
         const auto* item = canvas()->getItem(SpatialView::mediaKey(media->getId()));
         QVERIFY(item && item->isVisible());
+        // As a hand's click leaves it: the keys on the canvas. A jump keeps them on the canvas
+        // of the scene it enters.
+        canvas()->getGraphicsView()->setFocus(Qt::MouseFocusReason);
         ViewInput::click(canvas()->getGraphicsView(),
                          QRectF(item->scenePos(), item->getRect().size()).center());
     }
@@ -314,11 +317,16 @@ private slots:
         QCOMPARE(secondAnswers.at(0).second, 5);  // right
         QCOMPARE(secondAnswers.at(2).second, 15); // wrong
 
+        // The wizard has gone: the window is the user's again.
+        QApplication::setActiveWindow(bench->window());
+        QTRY_VERIFY(bench->window()->isActiveWindow());
+
         // Right answer to question 1: the right picture, then question 2.
         QVERIFY(doc->setCurrentSceneTime(first->getId(), 0, true));
         click(firstAnswers.at(1).first);
         QTRY_COMPARE(current(), feedback);
         QCOMPARE(feedback->getCurrentTime(), 0);
+        QCOMPARE(QApplication::focusWidget(), canvas()->getGraphicsView());
         QVERIFY(shown(rightPicture));
         QVERIFY(!shown(wrongPicture));
         tick(feedback, 4);

@@ -9,6 +9,9 @@
 #include "wizards/Quiz.h"
 #include "wizards/QuizView.h"
 
+#include <QApplication>
+#include <QGraphicsView>
+
 namespace selvora {
 namespace spatialview {
 
@@ -113,7 +116,16 @@ void SpatialGroupView::changeSlide(Scene* scene) {
     currentView_ = views_.value(scene->getId(), nullptr);
     if (!currentView_)
         return;
+    // The keys of a scene belong to its canvas: focus on the leaving page goes to the coming
+    // one, not on to the next widget of the window, where a scene's label would take it and
+    // make its own scene current in the middle of a jump.
+    QWidget* focus = QApplication::focusWidget();
+    const bool focusOnPage = focus && currentWidget() && currentWidget()->isAncestorOf(focus);
+    if (focusOnPage)
+        focus->clearFocus();
     setCurrentIndex(indexOf(currentView_));
+    if (focusOnPage)
+        currentView_->getGraphicsView()->setFocus(Qt::OtherFocusReason);
     // The player stands right on arrival.
     currentView_->updateCurrentTimePlayer(scene->getCurrentTime());
 }

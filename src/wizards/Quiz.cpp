@@ -50,7 +50,10 @@ const double kQuestionHeight = 25;
 const double kAnswersTop = 35;
 const double kAnswersSpace = 60;
 const double kAnswerGap = 3;
-const double kAnswerMaxHeight = 12;
+// A shape keeps its caption 20 pixels inside its edges: a button lower than this clips it.
+const double kAnswerMaxHeight = 18;
+// Up to three answers stand in one column; four and five in two.
+const int kOneColumn = 3;
 
 QString number(double value) {
     return QString::number(value, 'g', 6);
@@ -82,6 +85,8 @@ Quiz::Quiz(document::Document* document, Scene* scene, QWidget* parent)
     setButtonText(QWizard::FinishButton, tr("Terminar"));
     setConnections();
     setWindowTitle(tr("Quiz"));
+    // Room for a question's panel, as wide as the canvas, with five answers.
+    setMinimumSize(Definitions::getViewWidth() + 120, 640);
     show();
 }
 
@@ -401,10 +406,16 @@ void Quiz::createButton(int option, int question, bool right) {
     if (!button_)
         return;
     button_->setLabel(tr("Alternativa %1").arg(option));
-    const double height = qMin(kAnswerMaxHeight, kAnswersSpace / options_ - kAnswerGap);
-    Properties look = {{"left", number(20)},
-                       {"top", number(kAnswersTop + (option - 1) * (height + kAnswerGap))},
-                       {"width", number(60)},
+    const int columns = options_ > kOneColumn ? 2 : 1;
+    const int rows = (options_ + columns - 1) / columns;
+    const int row = (option - 1) / columns;
+    const int column = (option - 1) % columns;
+    const double height = qMin(kAnswerMaxHeight, kAnswersSpace / rows - kAnswerGap);
+    const double width = columns == 1 ? 60 : 43;
+    const double left = columns == 1 ? 20 : 5 + column * (width + 4);
+    Properties look = {{"left", number(left)},
+                       {"top", number(kAnswersTop + row * (height + kAnswerGap))},
+                       {"width", number(width)},
                        {"height", number(height)},
                        {"colorFill", QColor(207, 226, 243).name()},
                        {"colorOutline", QColor(61, 133, 198).name()},

@@ -2,6 +2,7 @@
 
 #include "app/Definitions.h"
 
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QRadioButton>
@@ -98,8 +99,10 @@ void QuizItem::setColorFont(QString color) {
     answer_->setPalette(palette);
 }
 
+// The answer is one line or two: the edit grows with its font.
 void QuizItem::applyFont() {
     answer_->setFont(font_);
+    answer_->setFixedHeight(qMax(kAnswerHeight, QFontMetrics(font_).height() + 16));
 }
 
 } // namespace wizards

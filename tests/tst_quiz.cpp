@@ -18,6 +18,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QGraphicsProxyWidget>
 #include <QGraphicsView>
 #include <QLineEdit>
 #include <QPushButton>
@@ -287,10 +288,19 @@ private slots:
         QCOMPARE(views[1]->getItems().size(), 3);
         quiz->next();
         ModalAnswerer answerer;
-        answerer.answerFileDialog(picture);
+        const QString before =
+            MediaFixtures::makeImage(files->path(), "antes.png", QSize(60, 60), Qt::blue);
+        answerer.answerFileDialog(before);
         QGraphicsView* previewView = quiz->getRightScene()->views().value(0);
         QVERIFY(previewView);
         ViewInput::click(previewView, quiz->getRightScene()->sceneRect().center());
+        QVERIFY(answerer.waitAllAnswered());
+        QCOMPARE(quiz->getRightImage(), before);
+        // Chosen again, with the button now in its corner: the new picture replaces the old.
+        answerer.answerFileDialog(picture);
+        ViewInput::click(
+            previewView,
+            quiz->getRightButton()->graphicsProxyWidget()->sceneBoundingRect().center());
         QVERIFY(answerer.waitAllAnswered());
         QCOMPARE(quiz->getRightImage(), picture);
         const spatialview::ImageItem* preview = quiz->getRightItem();

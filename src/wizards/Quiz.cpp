@@ -287,11 +287,15 @@ void Quiz::showPreview(bool right) {
     spatialview::ImageItem*& item = right ? rightItem_ : wrongItem_;
     QGraphicsProxyWidget* proxy = right ? rightProxy_ : wrongProxy_;
     QPushButton* button = right ? rightButton_ : wrongButton_;
-    delete item;
+    // A picture chosen again replaces the old one, which must be gone from the pointer before
+    // its removal changes the selection.
+    spatialview::ImageItem* old = item;
+    item = nullptr;
+    delete old;
     item = new spatialview::ImageItem(-1, right ? rightImage_ : wrongImage_, 1, 0, "0", nullptr,
                                       nullptr);
     scene->addItem(item);
-    // Half the size the canvas gives it, and never more than the preview.
+    // Half its own size, at most the whole preview: the canvas gets twice the preview.
     const QSizeF preview = scene->sceneRect().size();
     QSizeF size = item->hasPicture() ? QSizeF(item->naturalSize()) / 2 : preview / 2;
     if (size.width() > preview.width() || size.height() > preview.height())

@@ -328,11 +328,14 @@ bool Document::setCurrentSceneTime(int id, int time, bool play) {
     currentScene_ = id;
     scene->setCurrentTime(time, false);
     setCurrentScene(id, true);
-    // The rebuild has played this second already; its gotos leave the span that ends here, as
-    // a feedback slot's exit is the next slot's entry, and are not followed on arrival.
     scene->resetExecuteSyncs();
-    if (play)
+    // Entering at second 0 starts the scene as play does, its gotos at 0 included. Entering
+    // later enters the span that starts there: the gotos of that second end the span before
+    // it (one feedback slot's exit is the next one's entry) and are not followed on arrival.
+    if (play && scene->getCurrentTime() > 0)
         scene->resumeScene();
+    else if (play)
+        scene->playScene();
     return true;
 }
 

@@ -144,7 +144,9 @@ private slots:
                                     "Exportar||;-;-;S&air|Alt+F4|exit";
         QTest::newRow("Editar") << 1 << "&Editar" << undo;
         const QString scenes = "Adicionar Cena||icones-Selvora_01;Remover Cena||icones-Selvora_02";
-        QTest::newRow("Opções") << 2 << "&Opções" << scenes + ";-;" + insert + ";-;-;" + publish;
+        QTest::newRow("Opções") << 2 << "&Opções"
+                                << scenes + ";-;" + insert +
+                                       ";Inserir Template||icones-Selvora_03;-;-;" + publish;
         QTest::newRow("Ajuda") << 3 << "A&juda"
                                << "Reportar||report;Verificar Atualização||update;-;"
                                   "Sobre &Selvorá||icone";

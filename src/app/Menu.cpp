@@ -312,6 +312,8 @@ QMenu* Menu::createOptionMenu() {
     menu->addAction(imageAct_);
     menu->addAction(textAct_);
     menu->addMenu(shapeMenu_);
+    // Opens the quiz wizard (through the canvas stack).
+    menu->addAction(templateAct_);
     menu->addSeparator();
     menu->addSeparator();
     menu->addAction(publishAct_);

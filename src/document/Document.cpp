@@ -329,7 +329,12 @@ bool Document::setCurrentSceneTime(int id, int time, bool play) {
     scene->setCurrentTime(time, false);
     setCurrentScene(id, true);
     scene->resetExecuteSyncs();
-    if (play)
+    // Entering at second 0 starts the scene as play does, its gotos at 0 included. Entering
+    // later enters the span that starts there: the gotos of that second end the span before
+    // it (one feedback slot's exit is the next one's entry) and are not followed on arrival.
+    if (play && scene->getCurrentTime() > 0)
+        scene->resumeScene();
+    else if (play)
         scene->playScene();
     return true;
 }

@@ -369,6 +369,11 @@ void Scene::playScene() {
     executeSyncs(currentTime_, false, SyncType::goTo);
 }
 
+void Scene::resumeScene() {
+    timer_->start(1000);
+    setStatusPlayer(Definitions::kPlayerStatus::play);
+}
+
 bool Scene::pauseScene() {
     timer_->stop();
     setStatusPlayer(Definitions::kPlayerStatus::pause);

@@ -90,6 +90,9 @@ public:
 
     // --- clock ---
     void playScene();
+    // Starts the clock on a second whose syncs were just replayed, following none of its
+    // gotos: a jump's arrival at a second is not a departure from it.
+    void resumeScene();
     bool pauseScene();
     void setCurrentTime(int time, bool execute);
     void executeSyncs(int time, bool filter, Definitions::kSyncType type);

@@ -6,6 +6,11 @@
 #include "document/Scene.h"
 #include "document/Template.h"
 #include "spatialview/SpatialView.h"
+#include "wizards/Quiz.h"
+#include "wizards/QuizView.h"
+
+#include <QApplication>
+#include <QGraphicsView>
 
 namespace selvora {
 namespace spatialview {
@@ -113,7 +118,16 @@ void SpatialGroupView::changeSlide(Scene* scene) {
     currentView_ = views_.value(scene->getId(), nullptr);
     if (!currentView_)
         return;
+    // The keys of a scene belong to its canvas: focus on the leaving page goes to the coming
+    // one, not on to the next widget of the window, where a scene's label would take it and
+    // make its own scene current in the middle of a jump.
+    QWidget* focus = QApplication::focusWidget();
+    const bool focusOnPage = focus && currentWidget() && currentWidget()->isAncestorOf(focus);
+    if (focusOnPage)
+        focus->clearFocus();
     showPage(currentView_);
+    if (focusOnPage)
+        currentView_->getGraphicsView()->setFocus(Qt::OtherFocusReason);
     // The player stands right on arrival.
     currentView_->updateCurrentTimePlayer(scene->getCurrentTime());
 }
@@ -240,12 +254,21 @@ void SpatialGroupView::setTemplate(int id) {
             &SpatialView::showSpatialResizingRegion, unique);
 }
 
+// The quiz takes the current scene when it is empty, and a new one otherwise.
 void SpatialGroupView::showTemplate() {
-    // Opens the quiz wizard on the current scene, or on a new one; it comes with the wizards.
+    Scene* scene = document_->getScene(-1);
+    if (!scene || scene->countMedia() > 0)
+        scene = document_->createScene(-1);
+    new wizards::Quiz(document_, scene, this);
 }
 
 void SpatialGroupView::showComplementWidget() {
-    // Opens the quiz view on a new scene; it comes with the wizards.
+    Scene* scene = document_->createScene(-1);
+    document_->setCurrentScene(scene->getId(), true);
+    auto* view = new wizards::QuizView(document_, this);
+    view->setWindowFlags(Qt::Window);
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    view->show();
 }
 
 } // namespace spatialview

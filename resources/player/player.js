@@ -180,11 +180,15 @@
         showState();
     }
 
-    function playScene() {
+    function runClock() {
         clearTimeout(player.timer);
         player.playing = true;
         overlay.hidden = true;
         player.timer = setTimeout(tick, 1000);
+    }
+
+    function playScene() {
+        runClock();
         execute(player.time, false);
         if (player.playing) followMedia();
         showState();
@@ -212,8 +216,17 @@
         buildScene(scene);
         for (var t = 0; t <= time; ++t) execute(t, true);
         sceneEntered(scene, time);
-        if (play) playScene();
-        else showPaused();
+        if (play && time > 0) {
+            // A jump into a later second goes on from there: the goto of that very second
+            // belongs to whoever arrived at it by the clock (the slots of a quiz's feedback).
+            runClock();
+            followMedia();
+            showState();
+        } else if (play) {
+            playScene();
+        } else {
+            showPaused();
+        }
         return true;
     }
 

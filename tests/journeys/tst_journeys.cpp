@@ -1,6 +1,7 @@
 #include "app/Definitions.h"
 #include "app/MainWindow.h"
 #include "app/TimeText.h"
+#include "app/Translations.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -27,8 +28,8 @@
 #include <QGraphicsView>
 #include <QLineEdit>
 #include <QMap>
-#include <QMenu>
 #include <QMediaPlayer>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
@@ -325,6 +326,8 @@ private:
 private slots:
     void initTestCase() {
         QVERIFY(files.isValid());
+        // Qt's own dialogs in Portuguese, as the program starts them.
+        Translations::install(qApp);
         picturePath = MediaFixtures::makeImage(files.path(), "mapa.png", QSize(240, 180),
                                                QColor(40, 120, 200));
         bench.reset(new WindowBench());
@@ -471,7 +474,7 @@ private slots:
         STEP_DO(handle(rectangle, QPointF(60, 20), true));
         step("Segundo 10: mover o texto, redimensionar o vídeo");
         STEP_DO(seek(10));
-        STEP_DO(handle(words, QPointF(0, 300), false));
+        STEP_DO(handle(words, QPointF(250, 320), false));
         STEP_DO(handle(video, QPointF(-100, -60), true));
         step("Segundo 3: antes das mudanças");
         STEP_DO(seek(3));

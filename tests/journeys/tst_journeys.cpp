@@ -116,6 +116,8 @@ private:
     QString picturePath;
     QString projectPath;
     QMap<int, QMap<QString, Look>> before; // second, media label
+    QMap<int, QStringList> rowsBefore;     // second, the layer rows top to bottom
+    QMap<int, QStringList> rowsSeen;       // the same, as the last reading found them
 
     Scene* scene() const { return bench->document()->getScene(-1); }
     SpatialView* canvas() const {
@@ -267,10 +269,12 @@ private:
     // Each media of the scene at each chosen second, read after seeking with the strip.
     QMap<int, QMap<QString, Look>> looks() {
         QMap<int, QMap<QString, Look>> all;
+        rowsSeen.clear();
         for (int second : kSeconds) {
             seek(second);
             if (QTest::currentTestFailed())
                 return all;
+            rowsSeen.insert(second, layerRows());
             for (Media* m : scene()->getAllMedias()) {
                 Look look;
                 look.model = pixels(m);
@@ -313,6 +317,10 @@ private:
                                         .arg(a.z));
                 STEP_VERIFY(a.visible == b.visible, where + "visibility changed");
             }
+            STEP_VERIFY(rowsSeen[second] == rowsBefore[second],
+                        QString("at second %1 the layer rows are %2, were %3")
+                            .arg(second)
+                            .arg(rowsSeen[second].join(", "), rowsBefore[second].join(", ")));
         }
     }
     // The labels in the order of their layers, the front one first.
@@ -510,6 +518,7 @@ private slots:
         before = looks();
         if (QTest::currentTestFailed())
             return;
+        rowsBefore = rowsSeen;
         STEP_VERIFY(frontToBack(before[12]).value(0) == video,
                     "at 12 the front item is " + frontToBack(before[12]).value(0));
         STEP_VERIFY(frontToBack(before[10]).value(0) != video,

@@ -5,6 +5,7 @@
 #include "document/Sync.h"
 #include "spatialview/MainVideo.h"
 
+#include <QAbstractVideoSurface>
 #include <QDebug>
 #include <QGraphicsVideoItem>
 #include <QMediaContent>
@@ -62,8 +63,11 @@ void MainVideoPlayer::loadVideo() {
 
 void MainVideoPlayer::unloadVideo() {
     videoLoaded_ = false;
-    if (mediaPlayer_)
-        mediaPlayer_->setMedia(QMediaContent());
+    if (!mediaPlayer_)
+        return;
+    mediaPlayer_->setMedia(QMediaContent());
+    // The item it drew into is about to go.
+    mediaPlayer_->setVideoOutput(static_cast<QAbstractVideoSurface*>(nullptr));
 }
 
 bool MainVideoPlayer::readyToCommand() {

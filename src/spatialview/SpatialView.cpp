@@ -72,6 +72,9 @@ SpatialView::~SpatialView() {
     delete std::exchange(events_, nullptr);
     focusedItem_ = nullptr;
     videoPlayer_->setMainVideo(nullptr);
+    // The player goes before the video item it draws into: GStreamer would otherwise call into
+    // the item's surface while that is being destroyed.
+    delete std::exchange(videoPlayer_, nullptr);
 }
 
 void SpatialView::createSpatialView() {

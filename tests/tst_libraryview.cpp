@@ -287,6 +287,11 @@ private slots:
         scene()->resetExecuteSyncs();
         QCOMPARE(shown(layers()), QList<int>({b->getId(), a->getId()}));
         QCOMPARE(layers()->getVisibleCount(), 2);
+        // Made current again, the scene lists its front at the top too.
+        const int here = scene()->getId();
+        doc->setCurrentScene(doc->createScene()->getId(), true);
+        doc->setCurrentScene(here, true);
+        QCOMPARE(shown(layers()), QList<int>({b->getId(), a->getId()}));
     }
 
     // A copy has a new id, the look of its source, and the top layer; a second video is refused.

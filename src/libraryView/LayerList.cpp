@@ -55,6 +55,8 @@ void LayerList::load() {
     setSceneConnections();
     for (Media* media : scene_->getAllMediasOrderLayer())
         addItem(media, false);
+    // Rows added one by one land back to front: the front goes to the top, as after any change.
+    updateOrderItem(-1, {});
     clearSelection();
     if (scene_->hasCurrentMedia())
         if (Media* current = scene_->getMedia(-1))

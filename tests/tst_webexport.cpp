@@ -10,6 +10,7 @@
 #include "project/HtmlExport.h"
 #include "project/NclExport.h"
 #include "project/OperationsFile.h"
+#include "project/QuizStructure.h"
 #include "project/ScormPackage.h"
 #include "project/ZipWriter.h"
 #include "support/MediaFixtures.h"
@@ -91,7 +92,7 @@ private:
     QJsonArray expectedStates(const QList<QPair<int, int>>& moments);
     // A new project holding a three-question quiz made by the wizard, exported; what the
     // browser needs to play it.
-    QJsonObject wizardQuiz();
+    void wizardQuiz(QJsonObject* setup);
 
     QTemporaryDir temp_;
     QString folder_;
@@ -366,10 +367,9 @@ QJsonArray TestWebExport::expectedStates(const QList<QPair<int, int>>& moments) 
     return states;
 }
 
-QJsonObject TestWebExport::wizardQuiz() {
+void TestWebExport::wizardQuiz(QJsonObject* setup) {
     Document* doc = Document::instance();
-    if (!selvora::project::OperationsFile(doc).makeProject(temp_.path() + "/quiz"))
-        return {};
+    QVERIFY(selvora::project::OperationsFile(doc).makeProject(temp_.path() + "/quiz"));
     const QString folder = doc->getProjectDirectory();
     doc->clearDocument();
     doc->setProjectDirectory(folder);
@@ -385,8 +385,8 @@ QJsonObject TestWebExport::wizardQuiz() {
     const ExportResult html = selvora::project::HtmlExport::run(doc, folder);
     const ExportResult scorm = selvora::project::ScormPackage::run(doc, folder);
     const QString unpacked = temp_.path() + "/quizscorm";
-    if (!html.ok || !scorm.ok || !run("unzip", {"-oq", scorm.path, "-d", unpacked}).isEmpty())
-        return {};
+    QVERIFY(html.ok && scorm.ok);
+    QCOMPARE(run("unzip", {"-oq", scorm.path, "-d", unpacked}), QString());
 
     // Per question its scene, its right answer and a wrong one, told apart by the second of the
     // feedback scene their click enters.
@@ -405,13 +405,25 @@ QJsonObject TestWebExport::wizardQuiz() {
     int pictures[2] = {-1, -1};
     for (const Media* media : feedback->getAllMedias())
         pictures[media->getLabel() == "Imagem de erro"] = media->getId();
-    return {{"page", html.path},
-            {"scorm", unpacked + "/index.html"},
-            {"feedback", feedback->getId()},
-            {"final", wizard.getFinalScene()->getId()},
-            {"rightPicture", pictures[0]},
-            {"wrongPicture", pictures[1]},
-            {"questions", questions}};
+    // The export finds the quiz by its feedback scene and the right answers that lead into it:
+    // without the one of question 2 it is only a scene with gotos.
+    const selvora::project::QuizStructure found = selvora::project::QuizStructure::find(doc);
+    QCOMPARE(found.feedbackScene, feedback->getId());
+    QCOMPARE(found.questions, 3);
+    QCOMPARE(found.finalScene, wizard.getFinalScene()->getId());
+    Scene* second = doc->getScene(questions.at(1).toObject().value("scene").toInt());
+    for (Sync* sync : second->getAllSyncs(SyncType::select)) {
+        if (sync->getTimeEvent() == "5")
+            second->removeSyncObject(sync);
+    }
+    QVERIFY(!selvora::project::QuizStructure::find(doc).isValid());
+    *setup = {{"page", html.path},
+              {"scorm", unpacked + "/index.html"},
+              {"feedback", feedback->getId()},
+              {"final", wizard.getFinalScene()->getId()},
+              {"rightPicture", pictures[0]},
+              {"wrongPicture", pictures[1]},
+              {"questions", questions}};
 }
 
 void TestWebExport::lessonPlaysInTheBrowser() {
@@ -419,16 +431,21 @@ void TestWebExport::lessonPlaysInTheBrowser() {
     QVERIFY2(QFileInfo(web + "/node_modules/puppeteer-core").isDir(),
              "tests/web/node_modules is missing: run scripts/install-deps.sh");
     Document* doc = Document::instance();
-    const QJsonObject setup{
-        {"page", html_.path},
-        {"scorm", temp_.path() + "/scorm/index.html"},
-        {"stage", QJsonArray{doc->getProjectViewWidth(), doc->getProjectViewHeight()}},
-        {"states", expectedStates({{0, 0}, {0, 1}, {0, 2}, {0, 3}, {1, 0}, {2, 0}})},
-        {"quiz", wizardQuiz()}};
+    // The lesson's states first: the quiz is a project of its own.
+    const QJsonArray stage{doc->getProjectViewWidth(), doc->getProjectViewHeight()};
+    const QJsonArray states = expectedStates({{0, 0}, {0, 1}, {0, 2}, {0, 3}, {1, 0}, {2, 0}});
+    QJsonObject quiz;
+    wizardQuiz(&quiz);
+    if (QTest::currentTestFailed())
+        return;
+    const QJsonObject setup{{"page", html_.path},
+                            {"scorm", temp_.path() + "/scorm/index.html"},
+                            {"stage", stage},
+                            {"states", states},
+                            {"quiz", quiz}};
     const QString setupPath = temp_.path() + "/setup.json";
     QFile file(setupPath);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(!setup.value("quiz").toObject().isEmpty());
     file.write(QJsonDocument(setup).toJson());
     file.close();
     if (!QFileInfo(temp_.path() + "/scorm/index.html").isFile())

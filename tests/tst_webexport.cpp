@@ -10,12 +10,14 @@
 #include "project/HtmlExport.h"
 #include "project/NclExport.h"
 #include "project/OperationsFile.h"
+#include "project/QuizStructure.h"
 #include "project/ScormPackage.h"
 #include "project/ZipWriter.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
 #include "support/WindowBench.h"
+#include "wizards/Quiz.h"
 
 #include <QAction>
 #include <QDataStream>
@@ -88,6 +90,9 @@ private slots:
 private:
     // The states of chosen seconds by the program's clock, for the browser to compare.
     QJsonArray expectedStates(const QList<QPair<int, int>>& moments);
+    // A new project holding a three-question quiz made by the wizard, exported; what the
+    // browser needs to play it.
+    void wizardQuiz(QJsonObject* setup);
 
     QTemporaryDir temp_;
     QString folder_;
@@ -97,9 +102,9 @@ private:
 };
 
 // Scenes in play order: 0 "Abertura" (video, sound, pictures with a click link and a RED key link,
-// a text, a shape that shows from 1 to 3 and links to a javascript: address), 1 "Automática" (goto
-// at 2 to the feedback scene), 3 "Feedback" of a one-question quiz (gotos at 5 and 10), 2 "Final"
-// (a web link).
+// a text that is the quiz's right answer, a shape that shows from 1 to 3 and links to a javascript:
+// address), 1 "Automática" (goto at 2 to the feedback scene), 3 "Feedback" of a one-question quiz
+// (gotos at 5 and 10), 2 "Final" (a web link).
 void TestWebExport::initTestCase() {
     Document* doc = Document::instance();
     QVERIFY(selvora::project::OperationsFile(doc).makeProject(temp_.path() + "/aula"));
@@ -153,6 +158,7 @@ void TestWebExport::initTestCase() {
     sync(opening, 1, SyncType::select, 0, {{"link", "2"}, {"timeEvent", "0"}});
     media(opening, 2, MediaType::text, QString());
     sync(opening, 2, SyncType::start, 0, box(60, 70, 30, 10, 3));
+    sync(opening, 2, SyncType::select, 0, {{"link", "3"}, {"timeEvent", "0"}});
     media(opening, 3, MediaType::shape, QString());
     sync(opening, 3, SyncType::start, 1, box(5, 60, 16.66, 20, 4));
     sync(opening, 3, SyncType::stop, 3, {});
@@ -270,7 +276,7 @@ void TestWebExport::nclMatchesTheTimeline() {
     expectLink("cena0/3s/stop/m3");
     expectLink("cena2/0s/start/m7");
     QCOMPARE(linkKeys.size(), 11); // nine starts, a set of one medium, a stop
-    // Three gotos, a click and the RED key lead from scene to scene through the body.
+    // Three gotos, two clicks and the RED key lead from scene to scene through the body.
     QStringList jumps;
     for (QDomElement link =
              dom.documentElement().firstChildElement("body").firstChildElement("link");
@@ -278,7 +284,8 @@ void TestWebExport::nclMatchesTheTimeline() {
         jumps << link.attribute("xconnector");
     jumps.sort();
     QCOMPARE(jumps, QStringList({"onBeginStopStart", "onBeginStopStart", "onBeginStopStart",
-                                 "onKeySelectionStopStart", "onSelectionStopStart"}));
+                                 "onKeySelectionStopStart", "onSelectionStopStart",
+                                 "onSelectionStopStart"}));
     QVERIFY(std::any_of(all.begin(), all.end(), [](const QDomElement& e) {
         return e.attribute("name") == "keyCode" && e.attribute("value") == "RED";
     }));
@@ -360,16 +367,82 @@ QJsonArray TestWebExport::expectedStates(const QList<QPair<int, int>>& moments) 
     return states;
 }
 
+void TestWebExport::wizardQuiz(QJsonObject* setup) {
+    Document* doc = Document::instance();
+    QVERIFY(selvora::project::OperationsFile(doc).makeProject(temp_.path() + "/quiz"));
+    const QString folder = doc->getProjectDirectory();
+    doc->clearDocument();
+    doc->setProjectDirectory(folder);
+    doc->setProjectName("quiz.svproj");
+    Scene* first = doc->loadScene(0, 0, 0, 0, "Início");
+    selvora::wizards::Quiz wizard(doc, first, nullptr);
+    wizard.fill({{"Quanto é 1 + 1?", {"2", "3", "4"}, 1},
+                 {"Quanto é 2 + 2?", {"3", "4", "5"}, 2},
+                 {"Quanto é 3 + 3?", {"5", "7", "6"}, 3}},
+                "00:00:00");
+    wizard.createQuiz();
+    selvora::project::OperationsFile(doc).saveProject();
+    const ExportResult html = selvora::project::HtmlExport::run(doc, folder);
+    const ExportResult scorm = selvora::project::ScormPackage::run(doc, folder);
+    const QString unpacked = temp_.path() + "/quizscorm";
+    QVERIFY(html.ok && scorm.ok);
+    QCOMPARE(run("unzip", {"-oq", scorm.path, "-d", unpacked}), QString());
+
+    // Per question its scene, its right answer and a wrong one, told apart by the second of the
+    // feedback scene their click enters.
+    const Scene* feedback = doc->getScene(QStringLiteral("Feedback"));
+    QJsonArray questions;
+    for (int i = 1; i <= 3; ++i) {
+        const Scene* scene = doc->getScene(QString("Pergunta %1").arg(i));
+        QJsonObject question{{"scene", scene->getId()}};
+        for (const Sync* sync : scene->getAllSyncs(SyncType::select)) {
+            if (sync->getLink().toInt() == feedback->getId())
+                question.insert(sync->getTimeEvent().toInt() == 5 * (i - 1) ? "right" : "wrong",
+                                sync->getMediaTarget());
+        }
+        questions.append(question);
+    }
+    int pictures[2] = {-1, -1};
+    for (const Media* media : feedback->getAllMedias())
+        pictures[media->getLabel() == "Imagem de erro"] = media->getId();
+    // The export finds the quiz by its feedback scene and the right answers that lead into it:
+    // without the one of question 2 it is only a scene with gotos.
+    const selvora::project::QuizStructure found = selvora::project::QuizStructure::find(doc);
+    QCOMPARE(found.feedbackScene, feedback->getId());
+    QCOMPARE(found.questions, 3);
+    QCOMPARE(found.finalScene, wizard.getFinalScene()->getId());
+    Scene* second = doc->getScene(questions.at(1).toObject().value("scene").toInt());
+    for (Sync* sync : second->getAllSyncs(SyncType::select)) {
+        if (sync->getTimeEvent() == "5")
+            second->removeSyncObject(sync);
+    }
+    QVERIFY(!selvora::project::QuizStructure::find(doc).isValid());
+    *setup = {{"page", html.path},
+              {"scorm", unpacked + "/index.html"},
+              {"feedback", feedback->getId()},
+              {"final", wizard.getFinalScene()->getId()},
+              {"rightPicture", pictures[0]},
+              {"wrongPicture", pictures[1]},
+              {"questions", questions}};
+}
+
 void TestWebExport::lessonPlaysInTheBrowser() {
     const QString web = QStringLiteral(SELVORA_SOURCE_DIR "/tests/web");
     QVERIFY2(QFileInfo(web + "/node_modules/puppeteer-core").isDir(),
              "tests/web/node_modules is missing: run scripts/install-deps.sh");
     Document* doc = Document::instance();
-    const QJsonObject setup{
-        {"page", html_.path},
-        {"scorm", temp_.path() + "/scorm/index.html"},
-        {"stage", QJsonArray{doc->getProjectViewWidth(), doc->getProjectViewHeight()}},
-        {"states", expectedStates({{0, 0}, {0, 1}, {0, 2}, {0, 3}, {1, 0}, {2, 0}})}};
+    // The lesson's states first: the quiz is a project of its own.
+    const QJsonArray stage{doc->getProjectViewWidth(), doc->getProjectViewHeight()};
+    const QJsonArray states = expectedStates({{0, 0}, {0, 1}, {0, 2}, {0, 3}, {1, 0}, {2, 0}});
+    QJsonObject quiz;
+    wizardQuiz(&quiz);
+    if (QTest::currentTestFailed())
+        return;
+    const QJsonObject setup{{"page", html_.path},
+                            {"scorm", temp_.path() + "/scorm/index.html"},
+                            {"stage", stage},
+                            {"states", states},
+                            {"quiz", quiz}};
     const QString setupPath = temp_.path() + "/setup.json";
     QFile file(setupPath);
     QVERIFY(file.open(QIODevice::WriteOnly));

@@ -150,6 +150,7 @@ QByteArray LessonJson::build(const document::Document* document, ExportSources& 
                              {"quiz", quiz.isValid()
                                           ? QJsonValue(QJsonObject{{"scene", quiz.feedbackScene},
                                                                    {"questions", quiz.questions},
+                                                                   {"final", quiz.finalScene},
                                                                    {"slot", quiz.slotSeconds}})
                                           : QJsonValue()}};
 

@@ -24,6 +24,7 @@
 #include <QRandomGenerator>
 #include <QScrollArea>
 #include <QTabWidget>
+#include <QTextEdit>
 #include <QVBoxLayout>
 
 namespace selvora {
@@ -311,6 +312,23 @@ void Quiz::showPreview(bool right) {
 
 int Quiz::timeSeconds(const QStringList& parts) {
     return TimeText::timeSeconds(parts);
+}
+
+void Quiz::fill(const QList<Question>& questions, const QString& time) {
+    if (questions.isEmpty())
+        return;
+    questionsBox_->setCurrentText(QString::number(questions.size()));
+    optionsBox_->setCurrentText(QString::number(questions.first().answers.size()));
+    timeEdit_->setText(time);
+    updateQuestionViews();
+    for (int i = 0; i < questions.size() && i < questionViews_.size(); ++i) {
+        QuizView* view = questionViews_.at(i);
+        view->getQuestionEdit()->setPlainText(questions.at(i).text);
+        const QList<QuizItem*>& items = view->getItems();
+        for (int j = 0; j < items.size(); ++j)
+            items.at(j)->setText(questions.at(i).answers.value(j));
+        view->setRightAnswer(questions.at(i).right);
+    }
 }
 
 // ---------------------------------------------------------------- making the quiz

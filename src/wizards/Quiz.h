@@ -64,6 +64,17 @@ public:
 
     static int timeSeconds(const QStringList& parts);
 
+    // A question as the teacher writes it on the questions page; `right` counts from 1.
+    struct Question {
+        QString text;
+        QStringList answers;
+        int right = 1;
+    };
+    // Fills the pages as a teacher would, for a quiz made by a program: every question with as
+    // many answers as the first, and the time to answer ("hh:mm:ss"). createQuiz() then makes it,
+    // as the finish button does.
+    void fill(const QList<Question>& questions, const QString& time);
+
 public slots:
     void setQuestionsValue(QString value);
     void setOptionsValue(QString value);

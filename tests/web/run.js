@@ -1,7 +1,8 @@
 // Plays an exported lesson in headless Chromium and checks it against the states the program's
 // clock gives (written by tst_webexport): boxes at chosen seconds, a key, a click and an
 // automatic goto changing the scene, the video following the clock, project texts staying text,
-// no request leaving the disk, and the SCORM package reporting to scorm-again's runtime.
+// no request leaving the disk, the SCORM package reporting to scorm-again's runtime, and a quiz
+// made by the wizard answered right and wrong, with the score it reports.
 import puppeteer from 'puppeteer-core';
 import { readFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
@@ -202,6 +203,56 @@ await check('the SCORM package reports to the platform', async () => {
         `calls ${names}`);
     const score = await page.evaluate(() => window.API.cmi.core.score.raw);
     expect(score === '100', `score ${score}`);
+    await page.close();
+});
+
+// The quiz plays four times faster ("?relogio=4", a test-only switch of the player): a feedback
+// slot lasts 1.25 s instead of 5.
+const quiz = setup.quiz;
+const quizUrl = (file) => `${pathToFileURL(file).href}?relogio=4`;
+const shown = (target, id) => target.$eval(`#media-${id}`, (e) => !e.hidden);
+
+// Clicks an answer; the feedback scene shows the picture of the outcome, then the player goes on
+// to the scene given.
+async function answer(target, question, right, next) {
+    await waitFor(target, 'scene', question.scene);
+    await target.click(`#media-${right ? question.right : question.wrong}`);
+    await waitFor(target, 'scene', quiz.feedback);
+    const pictures = [await shown(target, quiz.rightPicture), await shown(target, quiz.wrongPicture)];
+    expect(pictures[0] === right && pictures[1] === !right,
+        `${right ? 'right' : 'wrong'} answer: pictures shown ${pictures}`);
+    await waitFor(target, 'scene', next, 6000);
+}
+
+await check('a quiz made by the wizard: right and wrong answers lead on or back', async () => {
+    // With no sound, the lesson starts by itself.
+    const page = await open(quizUrl(quiz.page));
+    await page.waitForFunction(() => document.getElementById('stage').dataset.state === 'play');
+    const [q1, q2, q3] = quiz.questions;
+    await answer(page, q1, false, q1.scene);
+    await answer(page, q1, true, q2.scene);
+    await answer(page, q2, true, q3.scene);
+    await answer(page, q3, true, quiz.final);
+    await page.close();
+});
+
+await check('the quiz reports its score: the first answer to each question counts', async () => {
+    const page = await open(pathToFileURL(join(here, 'lms.html')).href);
+    await page.$eval('#sco', (frame, src) => { frame.src = src; }, quizUrl(quiz.scorm));
+    await page.waitForFunction(() => window.calls.length > 0);
+    const frame = page.frames().find((f) => f.url().includes('index.html'));
+    await frame.waitForFunction(() => document.getElementById('stage').dataset.state === 'play'
+        || !document.getElementById('overlay').hidden);
+    if (await frame.$('#overlay:not([hidden])')) await frame.click('#overlay-button');
+    const [q1, q2, q3] = quiz.questions;
+    await answer(frame, q1, true, q2.scene);
+    await answer(frame, q2, false, q2.scene);
+    await answer(frame, q2, true, q3.scene);
+    await answer(frame, q3, true, quiz.final);
+    await page.waitForFunction(() => window.API.cmi.core.lesson_status === 'completed');
+    // Two of three right: 100 * 2 / 3 rounded to the nearest whole number.
+    const score = await page.evaluate(() => window.API.cmi.core.score.raw);
+    expect(score === '67', `score ${score}`);
     await page.close();
 });
 

@@ -12,6 +12,7 @@
 #include "document/Scene.h"
 #include "project/OperationsFile.h"
 #include "project/Project.h"
+#include "wizards/Quiz.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -121,7 +122,7 @@ Media* shape(Document* doc, Scene* scene, Definitions::kShapeType type, const QS
     return media;
 }
 
-void build(Document* doc, const QString& pictures) {
+void build(QWidget* window, Document* doc, const QString& pictures) {
     const QString sun = drawSun(pictures);
     const QString leaf = drawLeaf(pictures);
     const QHash<QString, QString> title{{"fontSize", "26"}, {"colorFont", "#1d3b6f"}};
@@ -183,6 +184,29 @@ void build(Document* doc, const QString& pictures) {
                      {"key", QString::number(int(Definitions::kButtonType::RED))},
                      {"url", ""}},
                     -1);
+
+    // Then a quiz of two questions, made by the wizard's own code; the summary leads to it when
+    // its time is over.
+    Scene* quizStart = doc->createScene();
+    doc->createSync(summary, -1, true, SyncType::goTo, 20,
+                    {{"link", QString::number(quizStart->getId())}, {"timeEvent", "0"}}, -1);
+    selvora::wizards::Quiz wizard(doc, quizStart, window);
+    wizard.fill({{QString::fromUtf8("O que as folhas captam para produzir o alimento?"),
+                  {QString::fromUtf8("A luz do Sol"), QString::fromUtf8("O vento"),
+                   QString::fromUtf8("O som")},
+                  1},
+                 {QString::fromUtf8("Que gás a planta libera na fotossíntese?"),
+                  {QString::fromUtf8("Gás carbônico"), QString::fromUtf8("Oxigênio"),
+                   QString::fromUtf8("Fumaça")},
+                  2}},
+                "00:00:30");
+    wizard.createQuiz();
+    Scene* end = wizard.getFinalScene();
+    end->setLabel("Fim");
+    Media* bye = text(doc, end, QString::fromUtf8("Fim da aula. Até a próxima!"), "Despedida");
+    QHash<QString, QString> centred = title;
+    centred.insert("textAlignment", QString::number(int(Definitions::kTextAlign::center)));
+    place(doc, end, bye, 10, 35, 80, 30, centred);
     doc->setCurrentScene(opening->getId(), true);
 }
 
@@ -215,7 +239,7 @@ int main(int argc, char** argv) {
     QTemporaryDir pictures;
     auto* window = new selvora::MainWindow(QString());
     Document* doc = window->getDocument();
-    build(doc, pictures.path());
+    build(window, doc, pictures.path());
 
     // The program's own save: the folder named, then the save on its worker thread.
     selvora::project::OperationsFile(doc).makeProject(folder);
@@ -231,7 +255,8 @@ int main(int argc, char** argv) {
     doc->loadProject(file);
     const int scenes = doc->getCountScenes();
     doc->setModified(false);
-    if (scenes != 3) {
+    // Three scenes, two questions, the feedback and the end.
+    if (scenes != 7) {
         err << file << ": " << scenes << " cenas lidas\n";
         return 1;
     }

@@ -395,22 +395,28 @@ void OperationsFile::exportProject(Definitions::kTypeExport type) {
 
 void OperationsFile::exportWithoutService(Definitions::kTypeExport type) {
     // The program is its own converter. It runs on the main thread, queued behind the pictures
-    // of texts and shapes that the save has just asked for, so that the page finds them.
+    // of texts and shapes that the save has just asked for, so that the page finds them; the
+    // operation then ends on the worker's own thread, like every other.
     QPointer<OperationsFile> self(this);
     QMetaObject::invokeMethod(
         qApp,
-        [self, this, type]() {
+        [self, type]() {
             if (!self)
                 return; // the program closed meanwhile
-            const QString folder = document_->getProjectDirectory();
+            const QString folder = self->document_->getProjectDirectory();
             const ExportResult result = type == Definitions::kTypeExport::HTML
-                                            ? HtmlExport::run(document_, folder)
-                                            : NclExport::run(document_, folder);
-            if (result.ok)
-                emit exportReport(QNetworkReply::NoError, exportType_);
-            else
-                emit exportRefused(result.message);
-            endOperation();
+                                            ? HtmlExport::run(self->document_, folder)
+                                            : NclExport::run(self->document_, folder);
+            QMetaObject::invokeMethod(
+                self,
+                [self, result]() {
+                    if (result.ok)
+                        emit self->exportReport(QNetworkReply::NoError, self->exportType_);
+                    else
+                        emit self->exportRefused(result.message);
+                    self->endOperation();
+                },
+                Qt::QueuedConnection);
         },
         Qt::QueuedConnection);
 }

@@ -5,15 +5,19 @@
 // (pictures, texts, shapes and sounds in turn) and about 200 syncs, of which one in ten is a link.
 
 #include "app/Definitions.h"
+#include "app/Resources.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "project/OperationsFile.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QList>
 #include <QString>
+#include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 #include <functional>
@@ -114,6 +118,21 @@ inline void reopen(selvora::document::Document* doc, const SavedProject& saved) 
     doc->clearDocument();
     doc->setProjectDirectory(saved.directory);
     doc->setProjectName(saved.name);
+}
+
+// The resources loaded and the reference screen, as the program starts on it.
+inline void startOnReferenceScreen() {
+    selvora::initResources();
+    selvora::Definitions::setScreenSizeOverride(QSize(1600, 900));
+}
+
+// Runs the event loop until the window is on the screen, ten seconds at the most.
+inline void waitExposed(QWidget* window) {
+    QElapsedTimer exposure;
+    exposure.start();
+    while (!(window->windowHandle() && window->windowHandle()->isExposed()) &&
+           exposure.elapsed() < 10000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
 } // namespace benchproject

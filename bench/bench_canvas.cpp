@@ -12,7 +12,6 @@
 #include "BenchProject.h"
 #include "app/Definitions.h"
 #include "app/MainWindow.h"
-#include "app/Resources.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -26,7 +25,6 @@
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -84,8 +82,7 @@ int countItems(SpatialGroupView* group, Document* doc) {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    selvora::initResources();
-    Definitions::setScreenSizeOverride(QSize(1600, 900));
+    benchproject::startOnReferenceScreen();
     QTemporaryDir temp;
 
     // The project file, made once.
@@ -108,11 +105,7 @@ int main(int argc, char** argv) {
     firstTimer.start();
     auto* window = new MainWindow(file);
     const double first = firstTimer.nsecsElapsed() / 1e6;
-    QElapsedTimer exposure;
-    exposure.start();
-    while (!(window->windowHandle() && window->windowHandle()->isExposed()) &&
-           exposure.elapsed() < 10000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    benchproject::waitExposed(window);
     auto* group = window->findChild<SpatialGroupView*>();
     settle();
     const double rssWindow = residentMb();

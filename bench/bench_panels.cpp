@@ -14,7 +14,6 @@
 #include "BenchProject.h"
 #include "app/Definitions.h"
 #include "app/MainWindow.h"
-#include "app/Resources.h"
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "slideView/SceneThumbnail.h"
@@ -24,7 +23,6 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QThread>
-#include <QWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -69,19 +67,14 @@ double waitForThumbnails(SceneThumbnail* thumbnails) {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    selvora::initResources();
-    Definitions::setScreenSizeOverride(QSize(1600, 900));
+    benchproject::startOnReferenceScreen();
     QTemporaryDir temp;
     Document* doc = Document::instance();
     const benchproject::SavedProject saved = benchproject::saveProject(doc, temp.path(), kScenes);
     doc->newProject();
 
     auto* window = new MainWindow(QString());
-    QElapsedTimer exposure;
-    exposure.start();
-    while (!(window->windowHandle() && window->windowHandle()->isExposed()) &&
-           exposure.elapsed() < 10000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    benchproject::waitExposed(window);
     auto* tree = window->findChild<SlideListTree*>();
     SceneThumbnail* thumbnails = tree ? tree->getThumbnails() : nullptr;
     if (!thumbnails)

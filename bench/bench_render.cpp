@@ -7,9 +7,9 @@
 // 50 text and shape media each, against the same save of the same project with pictures in
 // their place: the same media and syncs in the file, nothing to render. The save ends when the
 // file is written and the last picture is on disk.
+#include "BenchProject.h"
 #include "app/Definitions.h"
 #include "app/MainWindow.h"
-#include "app/Resources.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -150,8 +150,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    selvora::initResources();
-    Definitions::setScreenSizeOverride(QSize(1600, 900));
+    benchproject::startOnReferenceScreen();
     QTemporaryDir dir;
     if (!dir.isValid())
         return 1;

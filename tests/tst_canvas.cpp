@@ -5,6 +5,7 @@
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
+#include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/PictureProbe.h"
@@ -32,27 +33,9 @@ namespace {
 
 const QColor kRed(220, 20, 20);
 
-QRectF pixels(const Media* media) {
-    const double w = Definitions::getViewWidth();
-    const double h = Definitions::getViewHeight();
-    return QRectF(media->getLeftPx(w), media->getTopPx(h), media->getWidthPx(w),
-                  media->getHeightPx(h));
-}
-
 // Inside the outline and the handles of an item.
 QRect inner(const QRectF& rect) {
     return rect.toRect().adjusted(9, 9, -9, -9);
-}
-
-// What the file manager does: enter, move and drop at the middle of the canvas.
-void drop(QGraphicsView* view, QMimeData* data) {
-    const QPoint at = view->viewport()->rect().center();
-    QDragEnterEvent enter(at, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view->viewport(), &enter);
-    QDragMoveEvent move(at, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view->viewport(), &move);
-    QDropEvent dropped(at, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view->viewport(), &dropped);
 }
 
 QList<int> typesOf(const QList<Media*>& medias) {
@@ -65,19 +48,10 @@ QList<int> typesOf(const QList<Media*>& medias) {
 
 } // namespace
 
-class TestCanvas : public QObject {
+class TestCanvas : public CanvasTest {
     Q_OBJECT
 private:
-    std::unique_ptr<WindowBench> bench;
-    std::unique_ptr<QTemporaryDir> files;
-    document::Document* doc = nullptr;
-    spatialview::SpatialGroupView* group = nullptr;
-
-    SpatialView* canvas() const { return bench->canvas(); }
-    Scene* scene() const { return doc->getScene(-1); }
-    SpatialResizingMedia* itemOf(const Media* media) const {
-        return canvas()->getItem(SpatialView::mediaKey(media->getId()));
-    }
+    QPoint middle() const { return canvas()->getGraphicsView()->viewport()->rect().center(); }
     QString picture(const QString& name, const QColor& colour = kRed) const {
         return MediaFixtures::makeImage(files->path(), name, QSize(120, 80), colour);
     }
@@ -93,18 +67,8 @@ private:
     }
 
 private slots:
-    void initTestCase() {
-        bench.reset(new WindowBench());
-        doc = bench->document();
-        group = bench->panel<spatialview::SpatialGroupView>();
-        QVERIFY(group);
-    }
-    void init() {
-        files.reset(new QTemporaryDir());
-        doc->newProject();
-        QVERIFY(canvas());
-        QCOMPARE(canvas()->getScene(), scene());
-    }
+    void initTestCase() { QVERIFY(openBench()); }
+    void init() { QVERIFY(newProject()); }
     void cleanupTestCase() { bench.reset(); }
 
     void dropsFilesFromTheFileManager_data() {
@@ -153,7 +117,7 @@ private slots:
             answerer.answer("OK");
         auto* data = new QMimeData;
         data->setUrls(urls);
-        drop(canvas()->getGraphicsView(), data);
+        dropAt(canvas()->getGraphicsView(), data, middle());
         delete data;
 
         QCOMPARE(typesOf(newMedia(before)), created);
@@ -187,7 +151,7 @@ private slots:
         data.setProperty("type", int(MediaType::image));
         data.setProperty("properties", payload);
         const QList<Media*> before = scene()->getAllMedias();
-        drop(canvas()->getGraphicsView(), &data);
+        dropAt(canvas()->getGraphicsView(), &data, middle());
         const QList<Media*> added = newMedia(before);
         QCOMPARE(added.size(), 1);
         Media* media = added.first();
@@ -206,7 +170,7 @@ private slots:
         ModalAnswerer answerer;
         answerer.answer("OK");
         const int count = scene()->countMedia();
-        drop(canvas()->getGraphicsView(), &video);
+        dropAt(canvas()->getGraphicsView(), &video, middle());
         QCOMPARE(scene()->countMedia(), count);
         QCOMPARE(answerer.seen().size(), 1);
         QCOMPARE(answerer.last().title, QString("Alerta."));
@@ -272,8 +236,7 @@ private slots:
                 QVERIFY(ticks.wait(5000));
                 QCOMPARE(ticks.last().first().toInt(), second);
             } else if (!playing) {
-                scene()->setCurrentTime(second, false);
-                scene()->resetExecuteSyncs();
+                seek(second);
             }
             QCOMPARE(item->isVisible(), second < 2);
             if (second == 0) {

@@ -9,6 +9,7 @@
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
 #include "spatialview/TextItem.h"
+#include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/MenuPicker.h"
 #include "support/ModalAnswerer.h"
@@ -59,22 +60,13 @@ int count(const Scene* scene, int media, SyncType type, int time = -1) {
 
 } // namespace
 
-class TestCanvasCommands : public QObject {
+class TestCanvasCommands : public CanvasTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowBench> bench;
-    std::unique_ptr<QTemporaryDir> files;
-    document::Document* doc = nullptr;
-
-    SpatialView* canvas() const { return bench->canvas(); }
     QGraphicsView* view() const { return canvas()->getGraphicsView(); }
-    Scene* scene() const { return doc->getScene(-1); }
-    SpatialResizingMedia* item(const Media* media) const {
-        return canvas()->getItem(SpatialView::mediaKey(media->getId()));
-    }
     QPointF centre(const Media* media) const {
-        const SpatialResizingMedia* it = item(media);
+        const SpatialResizingMedia* it = itemOf(media);
         return it->scenePos() + it->getRect().center();
     }
     Media* add(MediaType type, const QColor& color = Qt::red) {
@@ -98,10 +90,6 @@ private:
         seek(scene()->getCurrentTime());
         return media;
     }
-    void seek(int second) {
-        scene()->setCurrentTime(second, false);
-        scene()->resetExecuteSyncs();
-    }
     // Right click on a media (focused by a left click first) or on the empty canvas.
     MenuPicker::Seen openMenu(const Media* on, const QString& choice = QString()) {
         MenuPicker picker;
@@ -116,7 +104,7 @@ private:
             ViewInput::click(view(), on ? centre(on) : QPointF(3, 400));
             QCoreApplication::sendPostedEvents();
             if (on)
-                item(on)->setFocus(Qt::MouseFocusReason);
+                itemOf(on)->setFocus(Qt::MouseFocusReason);
             else if (QGraphicsItem* focus = canvas()->getSpatialScene()->focusItem())
                 focus->clearFocus(); // also the focus kept for when the scene is active again
             ViewInput::contextMenu(view(), on ? centre(on) : QPointF(3, 400));
@@ -125,13 +113,9 @@ private:
     }
 
 private slots:
-    void initTestCase() {
-        bench.reset(new WindowBench());
-        doc = bench->document();
-    }
+    void initTestCase() { QVERIFY(openBench()); }
     void init() {
-        files.reset(new QTemporaryDir());
-        doc->newProject();
+        QVERIFY(newProject());
         scene()->setTotalTime(20);
     }
     void cleanupTestCase() { bench.reset(); }
@@ -241,9 +225,9 @@ private slots:
         QCOMPARE(copy->getPathStart(), source->getPathStart());
         QCOMPARE(copy->getTransparency(), QString("40"));
         QCOMPARE(copy->getLayer().toInt(), top + 1);
-        QVERIFY(item(copy));
-        QCOMPARE(item(copy)->zValue(), qreal(top + 1));
-        QCOMPARE(float(item(copy)->opacity()), 0.6f);
+        QVERIFY(itemOf(copy));
+        QCOMPARE(itemOf(copy)->zValue(), qreal(top + 1));
+        QCOMPARE(float(itemOf(copy)->opacity()), 0.6f);
         const Sync* pasted = second->getSync(SyncType::select, copy->getId(), true);
         QVERIFY(pasted);
         QCOMPARE(pasted->getLink(), QString("0"));
@@ -297,20 +281,20 @@ private slots:
         for (int rank = 0; rank < 3; ++rank) {
             const Media* media = medias[order[rank]];
             QCOMPARE(media->getLayer().toInt(), before[rank]);
-            QCOMPARE(item(media)->zValue(), qreal(before[rank]));
+            QCOMPARE(itemOf(media)->zValue(), qreal(before[rank]));
         }
         // Before the second, the old stacking.
         seek(5);
         for (int i = 0; i < 3; ++i)
-            QCOMPARE(item(medias[i])->zValue(), qreal(before[i]));
+            QCOMPARE(itemOf(medias[i])->zValue(), qreal(before[i]));
         seek(6);
-        QCOMPARE(item(medias[moved])->zValue(), qreal(before[order.indexOf(moved)]));
+        QCOMPARE(itemOf(medias[moved])->zValue(), qreal(before[order.indexOf(moved)]));
         // One step undoes the command, model and picture.
         doc->undoAction();
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(count(scene(), medias[i]->getId(), SyncType::set), 0);
             QCOMPARE(medias[i]->getLayer().toInt(), before[i]);
-            QCOMPARE(item(medias[i])->zValue(), qreal(before[i]));
+            QCOMPARE(itemOf(medias[i])->zValue(), qreal(before[i]));
         }
     }
 
@@ -339,7 +323,7 @@ private slots:
         } else {
             // Focus is elsewhere by the time the text asks.
             ViewInput::click(view(), centre(other));
-            emit static_cast<spatialview::TextItem*>(item(media))->deleteItem();
+            emit static_cast<spatialview::TextItem*>(itemOf(media))->deleteItem();
         }
         QVERIFY(answerer.waitAllAnswered());
         QCOMPARE(answerer.seen().size(), 1);
@@ -374,7 +358,7 @@ private slots:
         plus->trigger();
         QVERIFY(!palette->isVisible());
         QCOMPARE(shape->getGeometry(), QString("19"));
-        QCOMPARE(static_cast<spatialview::ShapeItem*>(item(shape))->shapeType(),
+        QCOMPARE(static_cast<spatialview::ShapeItem*>(itemOf(shape))->shapeType(),
                  Definitions::kShapeType::plus);
         QCOMPARE(scene()->getAllSyncs().size(), syncs);
     }

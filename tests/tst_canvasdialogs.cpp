@@ -6,6 +6,7 @@
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
 #include "spatialview/TimeDialog.h"
+#include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
@@ -78,24 +79,17 @@ void choose(QWidget* dialog, int index, int data) {
 
 } // namespace
 
-class TestCanvasDialogs : public QObject {
+class TestCanvasDialogs : public CanvasTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<WindowBench> bench;
-    std::unique_ptr<QTemporaryDir> files;
-    document::Document* doc = nullptr;
     Media* media = nullptr;
 
-    SpatialView* canvas() const { return bench->canvas(); }
-    Scene* scene() const { return doc->getScene(-1); }
     int timeOf(SyncType type) const {
         const Sync* sync = scene()->getSync(type, media->getId(), true);
         return sync ? sync->getTime() : -1;
     }
-    bool shown() const {
-        return canvas()->getItem(SpatialView::mediaKey(media->getId()))->isVisible();
-    }
+    bool shown() const { return itemOf(media)->isVisible(); }
 
     // Opens a dialog, fills it and presses "&Salvar"; a box that follows gets `answer`, and a
     // dialog left open is then closed as the user would.
@@ -144,13 +138,9 @@ private:
     }
 
 private slots:
-    void initTestCase() {
-        bench.reset(new WindowBench());
-        doc = bench->document();
-    }
+    void initTestCase() { QVERIFY(openBench()); }
     void init() {
-        files.reset(new QTemporaryDir());
-        doc->newProject();
+        QVERIFY(newProject());
         scene()->setTotalTime(20);
         const QString path = MediaFixtures::makeImage(files->path(), "a.png", QSize(60, 40));
         media = doc->createMedia(scene(), path, Definitions::kMediaType::image, "", "");
@@ -158,102 +148,67 @@ private slots:
     }
     void cleanupTestCase() { bench.reset(); }
 
-    void startTime_data() {
-        QTest::addColumn<int>("stop"); // -1: none
+    // A media's start (the clock at 3 s, a stop maybe at 10 s) and stop (the clock at 6 s, the
+    // start at 2 s): the refusals with their texts, the canvas at the clock, and one undo step.
+    void mediaTimes_data() {
+        QTest::addColumn<bool>("start");
+        QTest::addColumn<int>("other"); // the other end's second; -1: none
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("start");
-        QTest::newRow("past the scene")
-            << -1 << "00:00:21"
-            << "Início de exibição da mídia"
-            << "O tempo do início de exibição da mídia \"Foto\" não pode ser maior que o tempo "
-               "total da cena."
+        QTest::addColumn<QString>("text"); // the refusal; empty: none
+        QTest::addColumn<int>("result");   // the end's second afterwards; -1: none
+        const QString media = "O tempo do %1 de exibição da mídia \"Foto\" ";
+        const QString start = media.arg("início"), stop = media.arg("fim");
+        QTest::newRow("start past the scene")
+            << true << -1 << "00:00:21" << start + "não pode ser maior que o tempo total da cena."
             << 0;
-        QTest::newRow("at the stop") << 10 << "00:00:10"
-                                     << "Início de exibição da mídia"
-                                     << "O tempo do início de exibição da mídia \"Foto\" tem que "
-                                        "ser menor que o tempo de fim."
-                                     << 0;
-        QTest::newRow("before the stop: kept from here") << 10 << "00:00:04"
-                                                         << ""
-                                                         << "" << 0;
-        QTest::newRow("good") << -1 << "00:00:05"
-                              << ""
-                              << "" << 5;
+        QTest::newRow("start at the stop")
+            << true << 10 << "00:00:10" << start + "tem que ser menor que o tempo de fim." << 0;
+        QTest::newRow("start before the stop: kept from here")
+            << true << 10 << "00:00:04" << QString() << 0;
+        QTest::newRow("good start") << true << -1 << "00:00:05" << QString() << 5;
+        QTest::newRow("stop at the start")
+            << false << 2 << "00:00:02" << stop + "tem que ser maior o tempo de início." << -1;
+        QTest::newRow("stop past the scene")
+            << false << 2 << "00:00:21" << stop + "não pode ser maior que o tempo total da cena."
+            << -1;
+        QTest::newRow("stop at the end of the scene")
+            << false << 2 << "00:00:20" << QString() << 20;
+        QTest::newRow("stop before now") << false << 2 << "00:00:04" << QString() << 4;
     }
-    void startTime() {
-        QFETCH(int, stop);
+    void mediaTimes() {
+        QFETCH(bool, start);
+        QFETCH(int, other);
         QFETCH(QString, typed);
-        QFETCH(QString, title);
         QFETCH(QString, text);
-        QFETCH(int, start);
-        if (stop >= 0)
-            doc->createSync(scene(), media->getId(), true, SyncType::stop, stop,
-                            media->getProperties());
-        scene()->setCurrentTime(3, false);
-        scene()->resetExecuteSyncs();
-        const Outcome outcome = submit(&SpatialView::setStartTime, [&](QWidget* dialog) {
-            QCOMPARE(dialog->findChild<QLineEdit*>()->text(), QString("00:00:00"));
-            setTime(dialog, 0, typed);
-        });
-        QCOMPARE(outcome.title, QString("Início de exibição da mídia."));
-        QCOMPARE(outcome.boxes.size(), title.isEmpty() ? 0 : 1);
-        if (!title.isEmpty()) {
+        QFETCH(int, result);
+        const SyncType end = start ? SyncType::start : SyncType::stop;
+        const int now = start ? 3 : 6;
+        const int before = start ? 0 : -1;
+        if (other >= 0)
+            doc->createSync(scene(), media->getId(), true, start ? SyncType::stop : SyncType::start,
+                            other, media->getProperties());
+        seek(now);
+        const QString title = start ? "Início de exibição da mídia" : "Fim de exibição da mídia";
+        const Outcome outcome = submit(
+            start ? &SpatialView::setStartTime : &SpatialView::setStopTime, [&](QWidget* dialog) {
+                QCOMPARE(dialog->findChild<QLineEdit*>()->text(),
+                         start ? QString("00:00:00") : QString("00:00:06"));
+                setTime(dialog, 0, typed);
+            });
+        QCOMPARE(outcome.title, title + ".");
+        QCOMPARE(outcome.boxes.size(), text.isEmpty() ? 0 : 1);
+        if (!text.isEmpty()) {
             QCOMPARE(outcome.boxes.at(0).title, title);
             QCOMPARE(outcome.boxes.at(0).text, text);
         }
-        QCOMPARE(outcome.stillOpen, start == 0);
-        QCOMPARE(timeOf(SyncType::start), start);
-        QCOMPARE(shown(), start <= 3);
-        if (start == 0)
+        QCOMPARE(outcome.stillOpen, result == before);
+        QCOMPARE(timeOf(end), result);
+        QCOMPARE(shown(), start ? result <= now : result < 0 || result > now);
+        if (result == before)
             return;
-        // One step back: the start and the picture as they were.
+        // One step back: the end and the picture as they were.
         doc->undoAction();
-        QCOMPARE(timeOf(SyncType::start), 0);
-        QVERIFY(shown());
-    }
-
-    void stopTime_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("stop");
-        QTest::newRow("at the start")
-            << "00:00:02"
-            << "O tempo do fim de exibição da mídia \"Foto\" tem que ser maior o tempo de início."
-            << -1;
-        QTest::newRow("past the scene") << "00:00:21"
-                                        << "O tempo do fim de exibição da mídia \"Foto\" não pode "
-                                           "ser maior que o tempo total da cena."
-                                        << -1;
-        QTest::newRow("at the end of the scene") << "00:00:20"
-                                                 << "" << 20;
-        QTest::newRow("before now") << "00:00:04"
-                                    << "" << 4;
-    }
-    void stopTime() {
-        QFETCH(QString, typed);
-        QFETCH(QString, text);
-        QFETCH(int, stop);
-        doc->createSync(scene(), media->getId(), true, SyncType::start, 2, media->getProperties());
-        scene()->setCurrentTime(6, false);
-        scene()->resetExecuteSyncs();
-        const Outcome outcome = submit(&SpatialView::setStopTime, [&](QWidget* dialog) {
-            QCOMPARE(dialog->findChild<QLineEdit*>()->text(), QString("00:00:06"));
-            setTime(dialog, 0, typed);
-        });
-        QCOMPARE(outcome.title, QString("Fim de exibição da mídia."));
-        QCOMPARE(outcome.boxes.size(), text.isEmpty() ? 0 : 1);
-        if (!text.isEmpty()) {
-            QCOMPARE(outcome.boxes.at(0).title, QString("Fim de exibição da mídia"));
-            QCOMPARE(outcome.boxes.at(0).text, text);
-        }
-        QCOMPARE(timeOf(SyncType::stop), stop);
-        QCOMPARE(shown(), stop < 0 || stop > 6);
-        if (stop < 0)
-            return;
-        doc->undoAction();
-        QCOMPARE(timeOf(SyncType::stop), -1);
+        QCOMPARE(timeOf(end), before);
         QVERIFY(shown());
     }
 

@@ -5,6 +5,7 @@
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
+#include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/TestMain.h"
 #include "support/ViewInput.h"
@@ -28,50 +29,25 @@ using SyncType = Definitions::kSyncType;
 
 namespace {
 
-QRectF pixels(const Media* media) {
-    const double w = Definitions::getViewWidth();
-    const double h = Definitions::getViewHeight();
-    return QRectF(media->getLeftPx(w), media->getTopPx(h), media->getWidthPx(w),
-                  media->getHeightPx(h));
-}
-
 QRectF placed(const SpatialResizingMedia* item) {
     return QRectF(item->scenePos(), item->getRect().size());
-}
-
-// Percent strings round the pixels: a picture and its model agree within one pixel.
-bool near(const QRectF& a, const QRectF& b) {
-    return qAbs(a.x() - b.x()) <= 1 && qAbs(a.y() - b.y()) <= 1 &&
-           qAbs(a.width() - b.width()) <= 1 && qAbs(a.height() - b.height()) <= 1;
 }
 
 const QString kPage = QStringLiteral("http://exemplo.com.br/aula");
 
 } // namespace
 
-class TestCanvasEvents : public QObject {
+class TestCanvasEvents : public CanvasTest {
     Q_OBJECT
 public slots:
     void openUrl(const QUrl& url) { opened << url; }
 
 private:
-    std::unique_ptr<WindowBench> bench;
-    std::unique_ptr<QTemporaryDir> files;
-    document::Document* doc = nullptr;
-    spatialview::SpatialGroupView* group = nullptr;
     QList<QUrl> opened;
     Media* media = nullptr;
 
-    SpatialView* canvas() const { return group->getCurrentView(); }
     QGraphicsView* view() const { return canvas()->getGraphicsView(); }
-    Scene* scene() const { return doc->getScene(-1); }
-    SpatialResizingMedia* item() const {
-        return canvas()->getItem(SpatialView::mediaKey(media->getId()));
-    }
-    void seek(int second) {
-        scene()->setCurrentTime(second, false);
-        scene()->resetExecuteSyncs();
-    }
+    SpatialResizingMedia* item() const { return itemOf(media); }
     int setsAt(int second) const {
         int count = 0;
         for (const Sync* sync : scene()->getAllSyncsMedia(media->getId(), true))
@@ -85,14 +61,10 @@ private slots:
     void initTestCase() {
         QDesktopServices::setUrlHandler("http", this, "openUrl");
         QDesktopServices::setUrlHandler("https", this, "openUrl");
-        bench.reset(new WindowBench());
-        doc = bench->document();
-        group = bench->panel<spatialview::SpatialGroupView>();
-        QVERIFY(group);
+        QVERIFY(openBench());
     }
     void init() {
-        files.reset(new QTemporaryDir());
-        doc->newProject();
+        QVERIFY(newProject());
         scene()->setTotalTime(20);
         const QString path =
             MediaFixtures::makeImage(files->path(), "a.png", QSize(120, 80), Qt::red);

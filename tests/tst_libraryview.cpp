@@ -30,6 +30,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QToolTip>
 
 using namespace selvora;
 using namespace selvora::test;
@@ -407,6 +408,20 @@ private slots:
     }
 
     // Actions over a row are enabled, over the empty area only what needs no row.
+    // The tips of the tab in front only: the short one at once, the long one a moment later.
+    void toolTips() {
+        view->getTabs()->setCurrentIndex(2);
+        QPushButton* target = view->getButtons().at(importButton);
+        QCursor::setPos(target->mapToGlobal(QPoint(4, 4)));
+        QTRY_COMPARE(QCursor::pos(), target->mapToGlobal(QPoint(4, 4)));
+        QHelpEvent help(QEvent::ToolTip, view->mapFromGlobal(QCursor::pos()), QCursor::pos());
+        QApplication::sendEvent(view, &help);
+        QTRY_COMPARE(QToolTip::text(), QString::fromUtf8("Importar mídia"));
+        QTRY_COMPARE(QToolTip::text(),
+                     QString::fromUtf8("Importar mídia:<p><p><font size=\"2\">Importa mídias "
+                                       "para a biblioteca.</font></p></p>"));
+    }
+
     void contextMenus_data() {
         QTest::addColumn<int>("list");
         QTest::addColumn<QStringList>("texts");

@@ -30,13 +30,6 @@ using Properties = QHash<QString, QString>;
 
 namespace {
 
-QString readText(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    return QString::fromUtf8(file.readAll());
-}
-
 // A form of an element that ignores what the file leaves open: the order of attributes, the
 // order of media, groups and actions inside a scene, the id of groups and the running ids.
 QString canonical(const QDomElement& element, int depth = 0) {
@@ -235,7 +228,7 @@ private slots:
         const QString file = save();
         const QString first = canonicalFile(file);
         QVERIFY(!first.isEmpty());
-        const QString firstText = readText(file);
+        const QString firstText = QString::fromUtf8(MediaFixtures::contents(file));
 
         QCOMPARE(load(file), QString("noError"));
         for (Scene* scene : doc->getSceneAllInOrder())
@@ -254,7 +247,8 @@ private slots:
         QVERIFY(QFile::remove(file));
         save();
         QCOMPARE(canonicalFile(file), first);
-        QCOMPARE(readText(file).count("<sync "), firstText.count("<sync "));
+        QCOMPARE(QString::fromUtf8(MediaFixtures::contents(file)).count("<sync "),
+                 firstText.count("<sync "));
     }
 
     // Layout of the file: type line, root, meta, attributes by media type, words, groups, ids.
@@ -266,7 +260,7 @@ private slots:
         doc->loadSync(doc->getScene(0), 78, false, SyncType::start, 25, {});
         const QString file = save();
         QCOMPARE(file, folder + "/forma.svproj");
-        const QString text = readText(file);
+        const QString text = QString::fromUtf8(MediaFixtures::contents(file));
         QVERIFY(text.startsWith("<!DOCTYPE FOLIOMARK>\n<foliomark "));
         QVERIFY(!text.contains("<?xml"));
 
@@ -687,7 +681,8 @@ private slots:
         QCOMPARE(reports.first().at(0).toString(), kind);
         QCOMPARE(reports.first().at(1).toString(), source);
         QCOMPARE(finished.size(), 1);
-        QCOMPARE(readText(folder + "/falha.svproj"), QString("antigo"));
+        QCOMPARE(QString::fromUtf8(MediaFixtures::contents(folder + "/falha.svproj")),
+                 QString("antigo"));
         QVERIFY(doc->isModified());
     }
 

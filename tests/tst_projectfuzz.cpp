@@ -18,12 +18,6 @@ using selvora::test::MediaFixtures;
 
 namespace {
 
-QByteArray readAll(const QString& path) {
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
-}
-
 // The ways a file is damaged, each applied at a random place.
 enum class Damage {
     truncate,
@@ -112,7 +106,7 @@ private slots:
         QList<QByteArray> seeds;
         for (const char* name : {"project_oldids.svproj", "project_words.svproj",
                                  "project_height600.svproj", "project_noheight.svproj"})
-            seeds << readAll(MediaFixtures::dataPath(name));
+            seeds << MediaFixtures::contents(MediaFixtures::dataPath(name));
         doc->newProject();
         {
             OperationsFile maker(doc);
@@ -126,7 +120,7 @@ private slots:
                           {{"key", "49"}, {"link", "0"}, {"timeEvent", "1"}});
             doc->loadSync(scene, 0, true, Definitions::kSyncType::stop, 8, {});
             maker.saveProject();
-            seeds << readAll(temp.path() + "/semente/semente.svproj");
+            seeds << MediaFixtures::contents(temp.path() + "/semente/semente.svproj");
         }
         for (const QByteArray& seed : seeds)
             QVERIFY(!seed.isEmpty());

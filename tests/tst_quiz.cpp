@@ -7,6 +7,7 @@
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
+#include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/MenuPicker.h"
 #include "support/ModalAnswerer.h"
@@ -70,13 +71,8 @@ QList<QPair<Media*, int>> answers(Scene* scene, int feedbackId) {
 
 } // namespace
 
-class TestQuiz : public QObject {
+class TestQuiz : public CanvasTest {
     Q_OBJECT
-
-    std::unique_ptr<WindowBench> bench;
-    std::unique_ptr<QTemporaryDir> files;
-    document::Document* doc = nullptr;
-    spatialview::SpatialGroupView* group = nullptr;
 
     Scene* current() const { return doc->getScene(-1); }
     SpatialView* canvas() const { return group->getCurrentView(); }
@@ -140,16 +136,8 @@ class TestQuiz : public QObject {
     }
 
 private slots:
-    void initTestCase() {
-        bench.reset(new WindowBench());
-        doc = bench->document();
-        group = bench->panel<spatialview::SpatialGroupView>();
-        QVERIFY(group);
-    }
-    void init() {
-        files.reset(new QTemporaryDir());
-        doc->newProject();
-    }
+    void initTestCase() { QVERIFY(openBench()); }
+    void init() { QVERIFY(newProject()); }
     void cleanup() {
         for (Scene* scene : doc->getSceneAll())
             scene->pauseScene();

@@ -148,11 +148,6 @@ private:
         return temp->path() + "/aula/aula.svproj";
     }
 
-    static QByteArray bytesOf(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
 private slots:
     void init() {
         doc = Document::instance();
@@ -176,8 +171,8 @@ private slots:
         doc->setModified(true);
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(recovery->copyFile()).isFile(), 5000);
         QVERIFY(recovery->copyFile().startsWith(Recovery::rootFolder() + "/"));
-        QVERIFY(
-            QString::fromUtf8(bytesOf(recovery->copyFile())).contains(QString::fromUtf8("Órbita")));
+        QVERIFY(QString::fromUtf8(MediaFixtures::contents(recovery->copyFile()))
+                    .contains(QString::fromUtf8("Órbita")));
         QCOMPARE(entries(temp->path() + "/aula"), projectFolder);
 
         doc->setModified(false); // what a save does when it ends
@@ -291,7 +286,7 @@ private slots:
     void failedSaveKeepsOldFile() {
         QFETCH(QString, failure);
         const QString file = savedProject();
-        const QByteArray before = bytesOf(file);
+        const QByteArray before = MediaFixtures::contents(file);
         const QStringList folder = entries(temp->path() + "/aula");
         Project project(doc);
         Scene* added = doc->createScene();
@@ -327,12 +322,12 @@ private slots:
         QCOMPARE(entries(kept), folder);
         const QString keptFile = kept + "/aula.svproj";
         if (failure.isEmpty()) {
-            QVERIFY(bytesOf(keptFile).contains("Nova cena"));
+            QVERIFY(MediaFixtures::contents(keptFile).contains("Nova cena"));
             QTRY_VERIFY(!doc->isModified());
             QVERIFY(answerer.seen().isEmpty());
             return;
         }
-        QCOMPARE(bytesOf(keptFile), before);
+        QCOMPARE(MediaFixtures::contents(keptFile), before);
         QVERIFY(doc->isModified());
         QCOMPARE(answerer.last().text,
                  QString::fromUtf8("Você não tem permissão para salvar o arquivo <b>\"%1\"</b>.")

@@ -11,6 +11,7 @@
 #include "spatialview/SpatialView.h"
 #include "spatialview/TemplateCommands.h"
 #include "spatialview/WordingItem.h"
+#include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/PictureProbe.h"
@@ -43,36 +44,6 @@ using SyncType = Definitions::kSyncType;
 
 namespace {
 
-// What the file manager does: enter, move and drop at a point of the canvas.
-void dropAt(QGraphicsView* view, QMimeData* data, const QPointF& scenePos) {
-    const QPoint at = view->mapFromScene(scenePos);
-    QDragEnterEvent enter(at, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view->viewport(), &enter);
-    QDragMoveEvent move(at, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view->viewport(), &move);
-    QDropEvent dropped(at, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view->viewport(), &dropped);
-}
-
-QRectF pixels(const Region* region) {
-    const double w = Definitions::getViewWidth();
-    const double h = Definitions::getViewHeight();
-    return QRectF(region->getLeftPx(w), region->getTopPx(h), region->getWidthPx(w),
-                  region->getHeightPx(h));
-}
-
-QRectF pixels(const Media* media) {
-    const double w = Definitions::getViewWidth();
-    const double h = Definitions::getViewHeight();
-    return QRectF(media->getLeftPx(w), media->getTopPx(h), media->getWidthPx(w),
-                  media->getHeightPx(h));
-}
-
-bool near(const QRectF& a, const QRectF& b) {
-    return qAbs(a.x() - b.x()) <= 1 && qAbs(a.y() - b.y()) <= 1 &&
-           qAbs(a.width() - b.width()) <= 1 && qAbs(a.height() - b.height()) <= 1;
-}
-
 QString text(const QRectF& r) {
     return QString("(%1, %2, %3 x %4)").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
 }
@@ -81,15 +52,9 @@ QString text(const QRectF& r) {
 
 // The regions of templates on the canvas: their placeholders, filling them, emptying them, and
 // relating them.
-class TestRegions : public QObject {
+class TestRegions : public CanvasTest {
     Q_OBJECT
 private:
-    std::unique_ptr<WindowBench> bench;
-    std::unique_ptr<QTemporaryDir> files;
-    document::Document* doc = nullptr;
-
-    SpatialView* canvas() const { return bench->canvas(); }
-    Scene* scene() const { return doc->getScene(-1); }
     slideView::SlideListTreeRoot* row() const {
         return bench->panel<slideView::SlideListTree>()->rootOf(scene()->getId());
     }
@@ -117,16 +82,8 @@ private:
     }
 
 private slots:
-    void initTestCase() {
-        bench.reset(new WindowBench());
-        doc = bench->document();
-    }
-    void init() {
-        files.reset(new QTemporaryDir());
-        doc->newProject();
-        QVERIFY(canvas());
-        QCOMPARE(canvas()->getScene(), scene());
-    }
+    void initTestCase() { QVERIFY(openBench()); }
+    void init() { QVERIFY(newProject()); }
     void cleanupTestCase() { bench.reset(); }
 
     // Each of the 18 layouts from the palette stands on the canvas at its table's pixels, in the
@@ -182,7 +139,8 @@ private slots:
         const QString file = MediaFixtures::makeImage(files->path(), "p.png", QSize(50, 40));
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(file)});
-        dropAt(canvas()->getGraphicsView(), &data, pixels(region).center());
+        QGraphicsView* view = canvas()->getGraphicsView();
+        dropAt(view, &data, view->mapFromScene(pixels(region).center()));
 
         QCOMPARE(scene()->getAllMedias().size(), 1);
         Media* media = scene()->getAllMedias().first();

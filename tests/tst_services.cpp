@@ -9,6 +9,7 @@
 #include "project/OperationsFile.h"
 #include "project/Project.h"
 #include "support/HttpResponder.h"
+#include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
 #include "support/UrlCatcher.h"
@@ -34,6 +35,7 @@ using selvora::menu::UpdateCheck;
 using selvora::project::OperationsFile;
 using selvora::project::Project;
 using selvora::test::HttpResponder;
+using selvora::test::MediaFixtures;
 using selvora::test::ModalAnswerer;
 using selvora::test::UrlCatcher;
 using selvora::test::WindowBench;
@@ -79,10 +81,6 @@ void routeFour(HttpResponder& server, const QList<QByteArray>& bodies) {
     qputenv("SELVORA_UPDATE_URLS", urls.join(QStringLiteral(" \n ")).toUtf8());
 }
 
-QByteArray readAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 } // namespace
 
 class TestServices : public QObject {
@@ -171,7 +169,7 @@ private slots:
 
         QCOMPARE(answerer.last().title, kExport);
         QCOMPARE(answerer.last().text, text);
-        QCOMPARE(readAll(folder + "/" + file), answer);
+        QCOMPARE(MediaFixtures::contents(folder + "/" + file), answer);
         QCOMPARE(urls.opened(),
                  type == 0 ? QList<QUrl>{QUrl::fromLocalFile(folder + "/" + file)} : QList<QUrl>());
 
@@ -191,7 +189,7 @@ private slots:
             path + "\r\n--" + boundary +
             "\r\nContent-Type: text/html\r\nContent-Disposition: form-data; "
             "name=\"selvora_file\"; filename=\"aula.svproj\"\r\n\r\n" +
-            readAll(folder + "/aula.svproj") + "\r\n--" + boundary + "--\r\n";
+            MediaFixtures::contents(folder + "/aula.svproj") + "\r\n--" + boundary + "--\r\n";
         QCOMPARE(request.body, expected);
     }
 
@@ -246,7 +244,8 @@ private slots:
         QCOMPARE(server.requests().size(), configured ? 1 : 0);
         QCOMPARE(QFile::exists(folder + "/aula.ncl"), !stored.isNull());
         if (!stored.isNull())
-            QCOMPARE(readAll(folder + "/aula.ncl").left(configured ? INT_MAX : stored.size()),
+            QCOMPARE(MediaFixtures::contents(folder + "/aula.ncl")
+                         .left(configured ? INT_MAX : stored.size()),
                      stored);
     }
 

@@ -1,5 +1,6 @@
 #include "app/RepositoryDialog.h"
 
+#include "app/YesNoBox.h"
 #include "document/Document.h"
 
 #include <QAbstractButton>
@@ -46,13 +47,9 @@ void RepositoryDialog::saveRepository() {
     }
     close();
     document_->setUrlRepository(url);
-    QMessageBox box(
-        QMessageBox::Question, tr("Publicar"),
-        tr("Deseja publicar o projeto \"%1\" agora?\n").arg(document_->getProjectName()),
-        QMessageBox::Yes | QMessageBox::No);
-    box.button(QMessageBox::Yes)->setText(tr("Sim"));
-    box.button(QMessageBox::No)->setText(tr("Não"));
-    if (box.exec() == QMessageBox::Yes)
+    if (YesNoBox::ask(
+            QMessageBox::Question, tr("Publicar"),
+            tr("Deseja publicar o projeto \"%1\" agora?\n").arg(document_->getProjectName())))
         emit publishRequested();
 }
 

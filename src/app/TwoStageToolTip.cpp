@@ -39,6 +39,10 @@ bool TwoStageToolTip::showAt(const QPoint& globalPoint, const QWidget* scope) {
     return false;
 }
 
+bool TwoStageToolTip::showAtPointer(const QWidget* scope) {
+    return showAt(QCursor::pos() + QPoint(10, 10), scope);
+}
+
 void TwoStageToolTip::rest(QObject* source) {
     QWidget* window = QApplication::activeWindow();
     if (!window)

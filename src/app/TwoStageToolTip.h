@@ -43,6 +43,8 @@ public:
     // Finds the control at the point among those inside the scope (all when it is null), shows
     // its short tip and starts the delay. False when no control is there.
     bool showAt(const QPoint& globalPoint, const QWidget* scope = nullptr);
+    // A panel's QEvent::ToolTip: showAt the pointer taken 10 pixels lower and to the right.
+    bool showAtPointer(const QWidget* scope = nullptr);
     // The pointer came to rest on the source: starts the delay, while a window is active.
     void rest(QObject* source);
 

@@ -1,6 +1,7 @@
 #include "app/UpdateCheck.h"
 
 #include "app/OrganisationInfo.h"
+#include "app/YesNoBox.h"
 #include "project/ProjectScan.h"
 #include "project/ServiceAddresses.h"
 
@@ -160,15 +161,11 @@ void UpdateCheck::finishVerifyUpdate() {
 }
 
 void UpdateCheck::offerDownload() {
-    QMessageBox box(QMessageBox::Information, tr("Atualização do Selvorá"),
-                    tr("Existe uma nova versão da ferramenta Selvorá.\nDeseja fazer o download da "
-                       "versão %1?")
-                        .arg(newVersion_),
-                    QMessageBox::Yes | QMessageBox::No);
-    box.button(QMessageBox::Yes)->setText(tr("Sim"));
-    box.button(QMessageBox::No)->setText(tr("Não"));
-    box.setDefaultButton(QMessageBox::Yes);
-    if (box.exec() != QMessageBox::Yes)
+    if (!YesNoBox::ask(QMessageBox::Information, tr("Atualização do Selvorá"),
+                       tr("Existe uma nova versão da ferramenta Selvorá.\nDeseja fazer o download "
+                          "da versão %1?")
+                           .arg(newVersion_),
+                       nullptr, Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint, QMessageBox::Yes))
         return;
     // The address comes from the network: only a web page goes to the browser.
     const QUrl source(newVersionSrc_);

@@ -124,6 +124,8 @@ private:
     document::Media* rebuildMedia(document::Scene* scene, const QDomElement& element);
     QList<document::Sync*> rebuildSyncs(document::Scene* scene, const QDomElement& group, int time,
                                         int id);
+    // Every group of syncs recorded under `parent`, each at its own time and id.
+    void rebuildSyncGroups(document::Scene* scene, const QDomElement& parent);
 
     // A scene's own connections and those of all its media and syncs, cut or made at once.
     void detachScene(document::Scene* scene);

@@ -70,6 +70,13 @@ QList<Sync*> Buffer::rebuildSyncs(Scene* scene, const QDomElement& group, int ti
     return rebuilt;
 }
 
+void Buffer::rebuildSyncGroups(Scene* scene, const QDomElement& parent) {
+    for (QDomElement child = parent.firstChildElement(HistoryRecord::kSync); !child.isNull();
+         child = child.nextSiblingElement(HistoryRecord::kSync))
+        rebuildSyncs(scene, child, HistoryRecord::intOf(child, HistoryRecord::kTime),
+                     HistoryRecord::intOf(child, HistoryRecord::kId));
+}
+
 // ---------------------------------------------------------------- replays: scenes
 
 void Buffer::createScene(const QDomElement& payload, bool) {
@@ -89,10 +96,7 @@ void Buffer::createScene(const QDomElement& payload, bool) {
         if (child.tagName() != HistoryRecord::kSync)
             rebuildMedia(scene, child);
     }
-    for (QDomElement child = payload.firstChildElement(HistoryRecord::kSync); !child.isNull();
-         child = child.nextSiblingElement(HistoryRecord::kSync))
-        rebuildSyncs(scene, child, HistoryRecord::intOf(child, HistoryRecord::kTime),
-                     HistoryRecord::intOf(child, HistoryRecord::kId));
+    rebuildSyncGroups(scene, payload);
     scene->resetExecuteSyncs();
     attachScene(scene);
     setDocumentConnections();
@@ -156,10 +160,7 @@ void Buffer::createMedia(const QDomElement& payload, bool) {
         return;
     detachScene(scene);
     if (rebuildMedia(scene, HistoryRecord::firstOtherChild(payload))) {
-        for (QDomElement child = payload.firstChildElement(HistoryRecord::kSync); !child.isNull();
-             child = child.nextSiblingElement(HistoryRecord::kSync))
-            rebuildSyncs(scene, child, HistoryRecord::intOf(child, HistoryRecord::kTime),
-                         HistoryRecord::intOf(child, HistoryRecord::kId));
+        rebuildSyncGroups(scene, payload);
         scene->resetExecuteSyncs();
     }
     attachScene(scene);
@@ -226,10 +227,8 @@ void Buffer::removeSync(const QDomElement& payload, bool) {
     Scene* scene = sceneOf(payload);
     if (!makeCurrent(scene, payload))
         return;
-    const QDomElement element = payload.firstChildElement(HistoryRecord::kSync);
-    Sync* sync = HistoryRecord::findSync(scene, HistoryRecord::intOf(element, HistoryRecord::kId),
-                                         element.firstChildElement(),
-                                         HistoryRecord::intOf(element, HistoryRecord::kTime));
+    Sync* sync =
+        HistoryRecord::findRecorded(scene, payload.firstChildElement(HistoryRecord::kSync));
     if (!sync)
         return;
     detachScene(scene);
@@ -297,17 +296,14 @@ void Buffer::updateSyncStartStopSpecialCondition(const QDomElement& payload, boo
         scene->updateSyncs(sync, sync->getTime(), undo ? oldTime : newTime);
     }
 
-    for (QDomElement child = removed.firstChildElement(HistoryRecord::kSync); !child.isNull();
-         child = child.nextSiblingElement(HistoryRecord::kSync)) {
-        if (undo) {
-            rebuildSyncs(scene, child, HistoryRecord::intOf(child, HistoryRecord::kTime),
-                         HistoryRecord::intOf(child, HistoryRecord::kId));
-        } else if (Sync* sync = HistoryRecord::findSync(
-                       scene, HistoryRecord::intOf(child, HistoryRecord::kId),
-                       child.firstChildElement(),
-                       HistoryRecord::intOf(child, HistoryRecord::kTime))) {
-            // Adding a first stop already removed them: only what is left goes.
-            scene->removeSyncObject(sync);
+    if (undo) {
+        rebuildSyncGroups(scene, removed);
+    } else {
+        // Adding a first stop already removed them: only what is left goes.
+        for (QDomElement child = removed.firstChildElement(HistoryRecord::kSync); !child.isNull();
+             child = child.nextSiblingElement(HistoryRecord::kSync)) {
+            if (Sync* sync = HistoryRecord::findRecorded(scene, child))
+                scene->removeSyncObject(sync);
         }
     }
     scene->resetExecuteSyncs();

@@ -140,6 +140,10 @@ Sync* HistoryRecord::findSync(const Scene* scene, int id, const QDomElement& act
     return nullptr;
 }
 
+Sync* HistoryRecord::findRecorded(const Scene* scene, const QDomElement& group) {
+    return findSync(scene, intOf(group, kId), group.firstChildElement(), intOf(group, kTime));
+}
+
 void HistoryRecord::markTarget(QDomElement& element, const Sync* sync) {
     if (!sync)
         return;

@@ -45,6 +45,8 @@ public:
     // The sync a record names, narrowed by the action and the time when they are known.
     static document::Sync* findSync(const document::Scene* scene, int id, const QDomElement& action,
                                     int time);
+    // The sync of a recorded group, by its id, first action and time.
+    static document::Sync* findRecorded(const document::Scene* scene, const QDomElement& group);
     // The automatic starts all share one id: a change of a sync's time or properties also names
     // its target and kind, so that the replay finds that very sync and not another of its id.
     static void markTarget(QDomElement& element, const document::Sync* sync);

@@ -13,7 +13,6 @@
 
 #include <QColorDialog>
 #include <QComboBox>
-#include <QCursor>
 #include <QDoubleSpinBox>
 #include <QEvent>
 #include <QFontComboBox>
@@ -696,12 +695,8 @@ void Feature::updateOutlineColorNull() {
 
 bool Feature::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip)
-        toolTip_->showAt(QCursor::pos() + QPoint(10, 10), tabWidget_->currentWidget());
+        toolTip_->showAtPointer(tabWidget_->currentWidget());
     return QWidget::event(event);
-}
-
-void Feature::updateToolTipText() {
-    toolTip_->showLongTip();
 }
 
 void Feature::error(QNetworkReply::NetworkError code) {

@@ -76,7 +76,6 @@ public slots:
     void updateFontColor();
     void updateOutlineColor();
     void updateOutlineColorNull();
-    void updateToolTipText();
     void updateFontFamily(const QFont& font);
     // The address is tried by the link dialog of the canvas, not here.
     void checkUrl() {}

@@ -1,5 +1,6 @@
 #include "libraryView/LibraryList.h"
 
+#include "app/YesNoBox.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -198,12 +199,7 @@ void LibraryList::contextRemoveMedia() {
     if (!item)
         return;
     const QString path = item->getPath();
-    QMessageBox box(QMessageBox::Question, tr("Remover Mídia"),
-                    tr("Deseja mesmo remover a Mídia \"%1\"?\n").arg(item->text()),
-                    QMessageBox::Yes | QMessageBox::No);
-    box.button(QMessageBox::Yes)->setText(tr("Sim"));
-    box.button(QMessageBox::No)->setText(tr("Não"));
-    if (box.exec() == QMessageBox::Yes)
+    if (YesNoBox::askRemoveMedia(item->text()))
         document_->removePathMedia(path);
 }
 

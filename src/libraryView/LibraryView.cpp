@@ -1,18 +1,16 @@
 #include "libraryView/LibraryView.h"
 
+#include "app/TwoStageToolTip.h"
 #include "document/Document.h"
 #include "document/Scene.h"
 #include "libraryView/LayerList.h"
 #include "libraryView/LibraryList.h"
 #include "libraryView/MediaList.h"
 
-#include <QCursor>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTimer>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace selvora {
@@ -26,40 +24,30 @@ struct ButtonText {
     const char* icon;
     const char* shortTip;
     const char* longTip;
-    int page; // the tab that shows the button
 };
 // In the order of the buttons: up, down, duplicate, insert, import.
 const ButtonText kButtons[] = {
     {":/imagens/up", QT_TRANSLATE_NOOP("LibraryView", "Subir uma camada"),
      QT_TRANSLATE_NOOP("LibraryView", "Subir uma camada:<p><p><font size=\"2\">Move a mídia uma "
-                                      "camada para cima.</font></p></p>"),
-     0},
+                                      "camada para cima.</font></p></p>")},
     {":/imagens/down", QT_TRANSLATE_NOOP("LibraryView", "Descer uma camada"),
      QT_TRANSLATE_NOOP("LibraryView", "Descer uma camada:<p><p><font size=\"2\">Move a mídia uma "
-                                      "camada para baixo.</font></p></p>"),
-     0},
+                                      "camada para baixo.</font></p></p>")},
     {":/imagens/copy", QT_TRANSLATE_NOOP("LibraryView", "Duplicar mídia"),
      QT_TRANSLATE_NOOP("LibraryView", "Duplicar mídia:<p><p><font size=\"2\">Duplica a mídia da "
-                                      "cena.</font></p></p>"),
-     1},
+                                      "cena.</font></p></p>")},
     {":/imagens/insert", QT_TRANSLATE_NOOP("LibraryView", "Inserir mídia"),
      QT_TRANSLATE_NOOP("LibraryView", "Inserir mídia:<p><p><font size=\"2\">Insere a mídia na "
-                                      "cena.</font></p></p>"),
-     2},
+                                      "cena.</font></p></p>")},
     {":/imagens/import", QT_TRANSLATE_NOOP("LibraryView", "Importar mídia"),
      QT_TRANSLATE_NOOP("LibraryView", "Importar mídia:<p><p><font size=\"2\">Importa mídias para "
-                                      "a biblioteca.</font></p></p>"),
-     2}};
-// The pointer's box over a button, whatever the button's real size.
-constexpr int kTipBox = 30;
+                                      "a biblioteca.</font></p></p>")}};
 } // namespace
 
 LibraryView::LibraryView(Document* document, QWidget* parent)
     : QWidget(parent), document_(document), scene_(document->getScene(-1)),
       layerList_(new LayerList(document, this)), mediaList_(new MediaList(document, this)),
-      libraryList_(new LibraryList(document, this)), toolTipTimer_(new QTimer(this)) {
-    toolTipTimer_->setInterval(1500);
-    toolTipTimer_->setSingleShot(true);
+      libraryList_(new LibraryList(document, this)), toolTip_(new TwoStageToolTip(this)) {
     createObjects();
     createLayout();
     setConnections();
@@ -77,6 +65,7 @@ void LibraryView::createObjects() {
     for (int i = 0; i < 5; ++i) {
         *buttons[i] = new QPushButton(QIcon(kButtons[i].icon), QString(), this);
         (*buttons[i])->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        toolTip_->addTip(*buttons[i], tr(kButtons[i].shortTip), tr(kButtons[i].longTip));
     }
 }
 
@@ -115,7 +104,6 @@ void LibraryView::setConnections() {
     connect(duplicateButton_, &QPushButton::clicked, mediaList_, &MediaList::contextDuplicateMedia);
     connect(insertButton_, &QPushButton::clicked, libraryList_, &LibraryList::contextInsertMedia);
     connect(importButton_, &QPushButton::clicked, libraryList_, &LibraryList::contextImportMedias);
-    connect(toolTipTimer_, &QTimer::timeout, this, &LibraryView::updateToolTipText);
 }
 
 void LibraryView::setDocumentConnections() {
@@ -153,44 +141,11 @@ void LibraryView::libraryViewStatus(Definitions::kPlayerStatus status) {
     setEnabled(status != Definitions::kPlayerStatus::play);
 }
 
-bool LibraryView::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        focusItem_ = focusIndex(QCursor::pos() + QPoint(10, 10));
-        if (focusItem_ >= 0) {
-            showToolTip();
-            toolTipTimer_->start();
-        }
-    }
-    return QWidget::event(event);
-}
-
 // Only the buttons of the tab in front are asked.
-int LibraryView::focusIndex(const QPoint& point) const {
-    const QList<QPushButton*> buttons = getButtons();
-    const QWidget* page = tabs_->currentWidget();
-    for (int i = 0; i < buttons.size(); ++i) {
-        if (page != (kButtons[i].page == 0   ? layerPage_
-                     : kButtons[i].page == 1 ? mediaPage_
-                                             : libraryPage_))
-            continue;
-        const QPoint corner = buttons.at(i)->mapToGlobal(QPoint(0, 0));
-        if (point.x() >= corner.x() && point.x() <= corner.x() + kTipBox &&
-            point.y() >= corner.y() && point.y() <= corner.y() + kTipBox)
-            return i;
-    }
-    return -1;
-}
-
-void LibraryView::showToolTip() {
-    if (focusItem_ >= 0)
-        QToolTip::showText(getButtons().at(focusItem_)->mapToGlobal(QPoint(0, 0)),
-                           tr(kButtons[focusItem_].shortTip));
-}
-
-void LibraryView::updateToolTipText() {
-    if (focusItem_ >= 0)
-        QToolTip::showText(getButtons().at(focusItem_)->mapToGlobal(QPoint(0, 0)),
-                           tr(kButtons[focusItem_].longTip));
+bool LibraryView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip)
+        toolTip_->showAtPointer(tabs_->currentWidget());
+    return QWidget::event(event);
 }
 
 } // namespace libraryView

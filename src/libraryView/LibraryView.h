@@ -9,9 +9,9 @@
 
 class QPushButton;
 class QTabWidget;
-class QTimer;
 
 namespace selvora {
+class TwoStageToolTip;
 namespace document {
 class Document;
 class Scene;
@@ -41,8 +41,6 @@ public slots:
     void changeScene(selvora::document::Scene* scene);
     void removeScene(int id);
     void libraryViewStatus(selvora::Definitions::kPlayerStatus status);
-    void showToolTip();
-    void updateToolTipText();
 
 protected:
     bool event(QEvent* event) override;
@@ -54,7 +52,6 @@ private:
     void setDocumentConnections();
     void setSceneConnections();
     void setSceneDisconnections();
-    int focusIndex(const QPoint& point) const;
 
     document::Document* document_;
     QPointer<document::Scene> scene_;
@@ -66,8 +63,7 @@ private:
     QPushButton* duplicateButton_ = nullptr;
     QPushButton* insertButton_ = nullptr;
     QPushButton* importButton_ = nullptr;
-    int focusItem_ = -1;
-    QTimer* toolTipTimer_;
+    TwoStageToolTip* toolTip_;
     QTabWidget* tabs_ = nullptr;
     QWidget* layerPage_ = nullptr;
     QWidget* mediaPage_ = nullptr;

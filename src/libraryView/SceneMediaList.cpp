@@ -1,20 +1,17 @@
 #include "libraryView/SceneMediaList.h"
 
+#include "app/YesNoBox.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "libraryView/RowPicture.h"
 #include "libraryView/SceneMediaItem.h"
+#include "spatialview/RenameDialog.h"
 
 #include <QContextMenuEvent>
-#include <QDialog>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace selvora {
 namespace libraryView {
@@ -194,43 +191,7 @@ void SceneMediaList::contextRename() {
     Media* media = item ? item->getMedia() : nullptr;
     if (!media)
         return;
-    renameId_ = item->getId();
-    QDialog dialog(nullptr, Qt::WindowStaysOnTopHint);
-    dialog.setWindowTitle(tr("Rótulo da mídia."));
-    dialog.setFixedSize(250, 100);
-    renameEdit_ = new QLineEdit(media->getLabel(), &dialog);
-    renameEdit_->setMaxLength(15);
-    auto* field = new QHBoxLayout;
-    field->addWidget(new QLabel(tr("Rótulo:"), &dialog));
-    field->addWidget(renameEdit_);
-    auto* cancel = new QPushButton(tr("&Cancelar"), &dialog);
-    auto* save = new QPushButton(tr("&Salvar"), &dialog);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cancel);
-    buttons->addWidget(save);
-    auto* column = new QVBoxLayout(&dialog);
-    column->addLayout(field);
-    column->addLayout(buttons);
-    connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
-    connect(save, &QPushButton::clicked, this, &SceneMediaList::saveRenameMedia);
-    dialog.exec();
-    renameEdit_ = nullptr;
-}
-
-void SceneMediaList::saveRenameMedia() {
-    if (!renameEdit_)
-        return;
-    if (renameEdit_->text().isEmpty()) {
-        QMessageBox::warning(nullptr, tr("Rótulo da mídia."),
-                             tr("Por favor, informe o rótulo da mídia antes de salvar."));
-        return;
-    }
-    // By id: the media may have gone while the dialog was open.
-    if (scene_ && scene_->hasMedia(renameId_))
-        scene_->getMedia(renameId_)->setLabel(renameEdit_->text());
-    if (auto* dialog = qobject_cast<QDialog*>(renameEdit_->window()))
-        dialog->accept();
+    spatialview::RenameDialog(scene_, nullptr, item->getId()).exec();
 }
 
 void SceneMediaList::contextRemoveMedia() {
@@ -240,12 +201,7 @@ void SceneMediaList::contextRemoveMedia() {
     if (!media)
         return;
     const int id = media->getId();
-    QMessageBox box(QMessageBox::Question, tr("Remover Mídia"),
-                    tr("Deseja mesmo remover a Mídia \"%1\"?\n").arg(media->getLabel()),
-                    QMessageBox::Yes | QMessageBox::No);
-    box.button(QMessageBox::Yes)->setText(tr("Sim"));
-    box.button(QMessageBox::No)->setText(tr("Não"));
-    if (box.exec() == QMessageBox::Yes && scene_)
+    if (YesNoBox::askRemoveMedia(media->getLabel()) && scene_)
         scene_->removeMedia(id);
 }
 

@@ -10,7 +10,6 @@
 #include <QPointer>
 
 class QAction;
-class QLineEdit;
 class QMenu;
 class QMimeData;
 
@@ -51,7 +50,6 @@ public slots:
     void mediaSelected(QListWidgetItem* item);
     void mediaTextChanged(QListWidgetItem* item);
     void contextRename();
-    void saveRenameMedia();
     void contextRemoveMedia();
 
 protected:
@@ -80,9 +78,6 @@ protected:
 private:
     void setDocumentConnections();
     void setConnections();
-
-    QLineEdit* renameEdit_ = nullptr;
-    int renameId_ = -1;
 };
 
 } // namespace libraryView

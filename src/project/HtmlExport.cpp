@@ -112,22 +112,12 @@ bool HtmlExport::hasFolder(const QString& folder, ExportResult& result) {
     return false;
 }
 
-bool HtmlExport::writeFile(const QString& path, const QByteArray& data) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(data);
-    return file.commit();
-}
-
-ExportResult HtmlExport::run(const document::Document* document, const QString& folder) {
+ExportResult HtmlExport::writeFile(const QString& folder, const QString& name,
+                                   const QByteArray& data) {
     ExportResult result;
-    if (!hasFolder(folder, result))
-        return result;
-    const QString name = baseName(document, folder) + QStringLiteral(".html");
     result.path = QDir(folder).filePath(name);
-    ExportSources sources(folder, false);
-    if (!writeFile(result.path, page(document, sources, false))) {
+    QSaveFile file(result.path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
         result.message =
             QCoreApplication::translate("HtmlExport", "Não foi possível gravar o arquivo %1.")
                 .arg(name);
@@ -138,6 +128,15 @@ ExportResult HtmlExport::run(const document::Document* document, const QString& 
         QCoreApplication::translate("HtmlExport", "O arquivo %1 foi criado na pasta do projeto.")
             .arg(name);
     return result;
+}
+
+ExportResult HtmlExport::run(const document::Document* document, const QString& folder) {
+    ExportResult result;
+    if (!hasFolder(folder, result))
+        return result;
+    ExportSources sources(folder, false);
+    return writeFile(folder, baseName(document, folder) + QStringLiteral(".html"),
+                     page(document, sources, false));
 }
 
 } // namespace project

@@ -31,9 +31,10 @@ public:
     // False, with the message for the user, when there is no project folder to write into.
     static bool hasFolder(const QString& folder, ExportResult& result);
 
-    // Writes data to path through a temporary file, so that a failed export leaves the former
-    // one whole.
-    static bool writeFile(const QString& path, const QByteArray& data);
+    // Writes data as the file `name` of the folder through a temporary file, so that a failed
+    // export leaves the former one whole; the result says which to the user.
+    static ExportResult writeFile(const QString& folder, const QString& name,
+                                  const QByteArray& data);
 };
 
 } // namespace project

@@ -392,19 +392,8 @@ ExportResult NclExport::run(const document::Document* doc, const QString& folder
     ExportResult result;
     if (!HtmlExport::hasFolder(folder, result))
         return result;
-    const QString name = HtmlExport::baseName(doc, folder) + QStringLiteral(".ncl");
-    result.path = QDir(folder).filePath(name);
-    if (!HtmlExport::writeFile(result.path, document(doc, folder))) {
-        result.message =
-            QCoreApplication::translate("NclExport", "Não foi possível gravar o arquivo %1.")
-                .arg(name);
-        return result;
-    }
-    result.ok = true;
-    result.message =
-        QCoreApplication::translate("NclExport", "O arquivo %1 foi criado na pasta do projeto.")
-            .arg(name);
-    return result;
+    return HtmlExport::writeFile(folder, HtmlExport::baseName(doc, folder) + QStringLiteral(".ncl"),
+                                 document(doc, folder));
 }
 
 } // namespace project

@@ -5,7 +5,6 @@
 #include "document/Scene.h"
 #include "slideView/SlideListTree.h"
 
-#include <QCursor>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMessageBox>
@@ -169,9 +168,8 @@ bool SlideView::removeScene() {
 }
 
 bool SlideView::event(QEvent* event) {
-    // The pointer is taken 10 pixels lower and to the right.
     if (event->type() == QEvent::ToolTip)
-        toolTip_->showAt(QCursor::pos() + QPoint(10, 10));
+        toolTip_->showAtPointer();
     return QWidget::event(event);
 }
 

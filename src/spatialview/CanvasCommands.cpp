@@ -2,6 +2,7 @@
 
 #include "app/Menu.h"
 #include "app/ShapePalette.h"
+#include "app/YesNoBox.h"
 #include "document/Document.h"
 #include "document/HistoryGroup.h"
 #include "document/Media.h"
@@ -383,12 +384,7 @@ void CanvasCommands::removeMedia(SpatialResizingMedia* item) {
     if (scene->countMedia() == 0 || !scene->getMedia(-1) || !media)
         return;
     const int id = media->getId();
-    QMessageBox box(QMessageBox::Question, tr("Remover Mídia"),
-                    tr("Deseja mesmo remover a Mídia \"%1\"?\n").arg(media->getLabel()),
-                    QMessageBox::Yes | QMessageBox::No);
-    box.button(QMessageBox::Yes)->setText(tr("Sim"));
-    box.button(QMessageBox::No)->setText(tr("Não"));
-    if (box.exec() != QMessageBox::Yes)
+    if (!YesNoBox::askRemoveMedia(media->getLabel()))
         return;
     // The media may have gone while the question was open. The region that held a media is
     // offered again once region items exist.

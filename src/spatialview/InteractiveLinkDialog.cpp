@@ -1,6 +1,7 @@
 #include "spatialview/InteractiveLinkDialog.h"
 
 #include "app/KeyChoices.h"
+#include "app/YesNoBox.h"
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
@@ -158,14 +159,11 @@ void InteractiveLinkDialog::replyFinished() {
         close();
         return;
     }
-    QMessageBox box(QMessageBox::Question, tr("Elo para página Web"),
-                    tr("Não foi possível testar o endereço indicado.\n%1\n\nDeseja salvar mesmo "
-                       "assim?\n")
-                        .arg(networkError_),
-                    QMessageBox::Yes | QMessageBox::No, this, Qt::WindowStaysOnTopHint);
-    box.button(QMessageBox::Yes)->setText(tr("Sim"));
-    box.button(QMessageBox::No)->setText(tr("Não"));
-    if (box.exec() == QMessageBox::Yes) {
+    if (YesNoBox::ask(QMessageBox::Question, tr("Elo para página Web"),
+                      tr("Não foi possível testar o endereço indicado.\n%1\n\nDeseja salvar "
+                         "mesmo assim?\n")
+                          .arg(networkError_),
+                      this, Qt::WindowStaysOnTopHint)) {
         saveLinkInteractiveMedia();
         close();
     }

@@ -12,9 +12,11 @@
 namespace selvora {
 namespace spatialview {
 
-RenameDialog::RenameDialog(document::Scene* scene, QWidget* parent)
+RenameDialog::RenameDialog(document::Scene* scene, QWidget* parent, int mediaId)
     : CanvasDialog(parent, tr("Rótulo da mídia."), QSize(250, 100)), scene_(scene) {
-    const document::Media* media = scene_ ? scene_->getMedia(-1) : nullptr;
+    const document::Media* media = scene_ && (mediaId == -1 || scene_->hasMedia(mediaId))
+                                       ? scene_->getMedia(mediaId)
+                                       : nullptr;
     if (media)
         mediaId_ = media->getId();
     edit_ = new QLineEdit(media ? media->getLabel() : QString(), this);

@@ -14,11 +14,12 @@ class Scene;
 
 namespace spatialview {
 
-// The label of the current media, at most fifteen characters; a blank label is refused.
+// The label of a media (the current one by default), at most fifteen characters; a blank label
+// is refused.
 class RenameDialog : public CanvasDialog {
     Q_OBJECT
 public:
-    RenameDialog(document::Scene* scene, QWidget* parent);
+    RenameDialog(document::Scene* scene, QWidget* parent, int mediaId = -1);
 
 private slots:
     void save();

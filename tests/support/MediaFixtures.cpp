@@ -1,5 +1,7 @@
 #include "support/MediaFixtures.h"
 
+#include <QFile>
+
 #include <QDir>
 #include <QImage>
 #include <QPainter>
@@ -25,6 +27,11 @@ QString MediaFixtures::videoPath() {
 
 QString MediaFixtures::dataPath(const QString& fileName) {
     return QDir(QStringLiteral(SELVORA_TEST_DATA)).filePath(fileName);
+}
+
+QByteArray MediaFixtures::contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace test

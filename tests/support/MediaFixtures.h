@@ -1,6 +1,7 @@
 #ifndef SELVORA_TESTS_MEDIAFIXTURES_H
 #define SELVORA_TESTS_MEDIAFIXTURES_H
 
+#include <QByteArray>
 #include <QColor>
 #include <QSize>
 #include <QString>
@@ -17,6 +18,8 @@ public:
                              const QColor& color = QColor(255, 127, 0));
     static QString videoPath();
     static QString dataPath(const QString& fileName);
+    // The bytes of a file; none when it cannot be read.
+    static QByteArray contents(const QString& path);
 };
 
 } // namespace test

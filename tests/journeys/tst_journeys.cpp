@@ -5,9 +5,12 @@
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
+#include "document/Sync.h"
 #include "libraryView/LayerList.h"
 #include "libraryView/LibraryView.h"
 #include "libraryView/SceneMediaItem.h"
+#include "slideView/SlideListTree.h"
+#include "slideView/SlideView.h"
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
@@ -21,6 +24,7 @@
 #include "support/WindowBench.h"
 #include "temporalView/TemporalView.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QDropEvent>
@@ -33,6 +37,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QSlider>
 #include <QTemporaryDir>
@@ -331,6 +336,126 @@ private:
         return labels;
     }
 
+    // ---------------------------------------------------------------- scenes and links
+
+    slideView::SlideListTree* sceneRows() const {
+        return bench->panel<slideView::SlideView>()->getTree();
+    }
+    QList<Scene*> scenes() const { return bench->document()->getSceneAllInOrder(); }
+    // The whole lesson as text: each scene with its time, media and syncs.
+    QString lesson() const {
+        QStringList parts;
+        for (Scene* each : scenes()) {
+            QStringList syncs;
+            for (const document::Sync* sync : each->getAllSyncs())
+                syncs << QString("%1@%2>%3/%4/%5")
+                             .arg(int(sync->getType()))
+                             .arg(sync->getTime())
+                             .arg(sync->getLink(), sync->getTimeEvent(), sync->getKey());
+            syncs.sort();
+            QStringList medias;
+            for (Media* m : each->getAllMedias())
+                medias << m->getLabel();
+            parts << QString("%1 (%2 s) [%3] {%4}")
+                         .arg(each->getLabel())
+                         .arg(each->getTotalTime())
+                         .arg(medias.join(", "), syncs.join(" "));
+        }
+        return parts.join("; ");
+    }
+    // A click on the scene's row makes it current.
+    void pickScene(int row) {
+        slideView::SlideListTree* tree = sceneRows();
+        STEP_VERIFY(row < tree->topLevelItemCount(), QString("no scene row %1").arg(row));
+        const QRect rect = tree->visualItemRect(tree->topLevelItem(row));
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, rect.topLeft() + QPoint(2, 2));
+        STEP_TRY(scene() == scenes().value(row),
+                 QString("the row %1 did not make its scene current").arg(row));
+        settle();
+    }
+    void typeTotal(int seconds) {
+        auto* total =
+            bench->panel<temporalView::TemporalView>()->findChild<QLineEdit*>("totalTimeEdit");
+        QTest::mouseClick(total, Qt::LeftButton);
+        WindowBench::key(Qt::Key_Home, Qt::NoModifier, total);
+        WindowBench::type(QString("0000%1").arg(seconds, 2, 10, QChar('0')), total);
+        WindowBench::key(Qt::Key_Return, Qt::NoModifier, total);
+        STEP_VERIFY(scene()->getTotalTime() == seconds,
+                    QString("the scene lasts %1 s").arg(scene()->getTotalTime()));
+    }
+    // A right click on the canvas (on the media, or on its empty corner) and the entry picked.
+    // Without a window manager the display may take the popup away as it opens: the user
+    // would click and right-click again.
+    void canvasMenu(const Media* on, const QString& entry) {
+        MenuPicker picker;
+        picker.choose({entry});
+        const QPointF at = on ? placed(item(on)).center() : QPointF(3, 400);
+        for (int attempt = 0; attempt < 5 && picker.seen().isEmpty(); ++attempt) {
+            ViewInput::click(view(), at);
+            settle();
+            if (on)
+                item(on)->setFocus(Qt::MouseFocusReason);
+            else if (QGraphicsItem* focus = canvas()->getSpatialScene()->focusItem())
+                focus->clearFocus();
+            ViewInput::contextMenu(view(), at);
+        }
+        STEP_VERIFY(picker.waitDone(15000) && picker.chosen(),
+                    "no enabled entry " + entry + " in the canvas menu");
+    }
+    // Fills the link dialog the entry opens, as the user would, and saves it.
+    void linkDialog(const Media* on, const QString& entry, const QString& title,
+                    const QStringList& times, const QStringList& choices,
+                    const QString& shotName = {}) {
+        ModalAnswerer answerer;
+        answerer.answerWith([&](QWidget* dialog) {
+            const QList<QLineEdit*> edits = dialog->findChildren<QLineEdit*>();
+            for (int i = 0; i < times.size(); ++i)
+                if (!times[i].isEmpty()) {
+                    // The field is masked: the digits overwrite from its start.
+                    QTest::keyClick(edits.at(i), Qt::Key_Home);
+                    QTest::keyClicks(edits.at(i), QString(times[i]).remove(':'));
+                }
+            const QList<QComboBox*> boxes = dialog->findChildren<QComboBox*>();
+            for (int i = 0; i < choices.size(); ++i)
+                boxes.at(i)->setCurrentIndex(boxes.at(i)->findText(choices[i]));
+            if (!shotName.isEmpty())
+                shot(shotName);
+            for (QPushButton* button : dialog->findChildren<QPushButton*>())
+                if (button->text() == "&Salvar")
+                    QTest::mouseClick(button, Qt::LeftButton);
+            // Anything left open failed: given up, so that the journey goes on to say so.
+            if (dialog->isVisible())
+                static_cast<QDialog*>(dialog)->reject();
+        });
+        STEP_DO(canvasMenu(on, entry));
+        STEP_VERIFY(answerer.waitAllAnswered(15000), "the dialog " + title + " never came");
+        STEP_VERIFY(answerer.last().title == title,
+                    "a dialog titled '" + answerer.last().title + "' instead of " + title);
+        QApplication::setActiveWindow(bench->window());
+    }
+    Media* insertText() {
+        const int count = scene()->getAllMedias().size();
+        pressTool("Inserir Texto");
+        if (QTest::currentTestFailed() || scene()->getAllMedias().size() != count + 1)
+            return nullptr;
+        return scene()->getMedia(-1);
+    }
+    QPushButton* playButton() const {
+        return bench->panel<temporalView::TemporalView>()->findChild<QPushButton*>("playButton");
+    }
+    bool playing() const { return scene()->getStatusPlayer() == Definitions::kPlayerStatus::play; }
+    // The tool pressed until the lesson reads as wanted (the history's buttons stay enabled):
+    // the number of presses, or -1 when 25, the records the history keeps, were not enough.
+    int pressUntil(const QString& tool, const QString& wanted) {
+        for (int presses = 0; presses <= 25; ++presses) {
+            if (lesson() == wanted)
+                return presses;
+            QTest::mouseClick(toolButton(tool), Qt::LeftButton);
+            settle();
+        }
+        return -1;
+    }
+
 private slots:
     void initTestCase() {
         QVERIFY(files.isValid());
@@ -592,6 +717,109 @@ private slots:
         STEP_DO(sameAsBefore());
         STEP_DO(seek(12));
         STEP_DO(shot("08-reaberto"));
+    }
+    // Three scenes linked by the canvas's context menu: by time, by a click and by a key;
+    // played through, then taken back to nothing by the history and brought back again.
+    void scenesLinkedByTimeClickAndKey() {
+        step("Novo projeto para os elos");
+        {
+            ModalAnswerer answerer;
+            answerer.answer(QString::fromUtf8("Não")); // the reopened lesson was not changed
+            STEP_DO(pickMenu("Arquivo", "Novo"));
+        }
+        const QString empty = lesson();
+        STEP_VERIFY(scenes().size() == 1 && scene()->getAllMedias().isEmpty(),
+                    "the new project is " + empty);
+        step("Adicionar Cena");
+        for (int i = 0; i < 2; ++i)
+            QTest::mouseClick(bench->panel<slideView::SlideView>()->getButtons().at(0),
+                              Qt::LeftButton);
+        STEP_TRY(scenes().size() == 3, QString("%1 scenes").arg(scenes().size()));
+        const QList<Scene*> three = scenes();
+
+        // Each scene: its time and a text to click; a link for each.
+        QList<Media*> texts;
+        for (int row = 0; row < 3; ++row) {
+            step(QString("Cena %1: tempo e texto").arg(row + 1));
+            STEP_DO(pickScene(row));
+            STEP_DO(typeTotal(10));
+            STEP_DO(seek(0));
+            Media* words = insertText();
+            STEP_VERIFY(words, "no text inserted");
+            texts << words;
+        }
+
+        step(QString::fromUtf8("Cena 1: elo automático para a Cena 2 aos 00:00:01"));
+        STEP_DO(pickScene(0));
+        STEP_DO(linkDialog(nullptr, QString::fromUtf8("Criar Elo Automático entre Cenas"),
+                           QString::fromUtf8("Elo automático da cena."), {"00:00:01", "", ""},
+                           {three[1]->getLabel()}, "09-elo-automatico"));
+        const QList<document::Sync*> gotos = three[0]->getAllSyncs(Definitions::kSyncType::goTo);
+        STEP_VERIFY(gotos.size() == 1 && gotos[0]->getTime() == 1 &&
+                        gotos[0]->getLink() == QString::number(three[1]->getId()),
+                    "the scene's links are " + lesson());
+
+        step(QString::fromUtf8("Cena 2: elo interativo (clique) para a Cena 1 no instante 3"));
+        STEP_DO(pickScene(1));
+        STEP_DO(linkDialog(texts[1], QString::fromUtf8("Criar Elo Interativo entre Cenas"),
+                           QString::fromUtf8("Elo interativo da mídia."), {"00:00:03"},
+                           {three[0]->getLabel()}, "10-elo-interativo"));
+        const document::Sync* click =
+            three[1]->getSync(Definitions::kSyncType::select, texts[1]->getId(), true);
+        STEP_VERIFY(click && click->getLink() == QString::number(three[0]->getId()) &&
+                        click->getTimeEvent() == "3" && click->getKey().isEmpty(),
+                    "the click link is " + lesson());
+
+        step(QString::fromUtf8("Cena 1: elo pela tecla Vermelho para a Cena 3"));
+        STEP_DO(pickScene(0));
+        STEP_DO(linkDialog(texts[0], QString::fromUtf8("Criar Elo Interativo entre Cenas"),
+                           QString::fromUtf8("Elo interativo da mídia."), {},
+                           {three[2]->getLabel(), "Vermelho"}));
+        const document::Sync* key =
+            three[0]->getSync(Definitions::kSyncType::select, texts[0]->getId(), true);
+        STEP_VERIFY(key && key->getLink() == QString::number(three[2]->getId()) &&
+                        key->getKey() == QString::number(Qt::Key_1),
+                    "the key link is " + lesson());
+        const QString full = lesson();
+
+        step(QString::fromUtf8("Tocar: o elo automático leva à Cena 2"));
+        STEP_DO(seek(0));
+        QTest::mouseClick(playButton(), Qt::LeftButton);
+        STEP_TRY(
+            scene() == three[1] && playing(),
+            QString("playing %1 instead of %2").arg(scene()->getLabel(), three[1]->getLabel()));
+        step(QString::fromUtf8("Tocar: um clique no texto volta à Cena 1 no segundo 3"));
+        STEP_TRY(item(texts[1]) && item(texts[1])->isVisible(), "the text is not shown");
+        ViewInput::click(view(), placed(item(texts[1])).center());
+        STEP_TRY(
+            scene() == three[0] && playing(),
+            QString("playing %1 instead of %2").arg(scene()->getLabel(), three[0]->getLabel()));
+        STEP_VERIFY(scene()->getCurrentTime() >= 3,
+                    QString("the scene came at second %1").arg(scene()->getCurrentTime()));
+        step(QString::fromUtf8("Tocar: a tecla Vermelho leva à Cena 3"));
+        WindowBench::key(Qt::Key_1, Qt::NoModifier, view());
+        STEP_TRY(
+            scene() == three[2] && playing(),
+            QString("playing %1 instead of %2").arg(scene()->getLabel(), three[2]->getLabel()));
+        QTest::mouseClick(playButton(), Qt::LeftButton);
+        STEP_TRY(!playing(), "the scene did not pause");
+        STEP_VERIFY(lesson() == full, "playing changed the lesson: " + lesson());
+
+        // Eleven records in all, well within the 25 the history keeps.
+        step("Desfazer tudo");
+        const int undone = pressUntil("Desfazer", empty);
+        STEP_VERIFY(undone > 0,
+                    QString("25 undos left the lesson as %1, not %2").arg(lesson(), empty));
+        QTest::mouseClick(toolButton("Desfazer"), Qt::LeftButton); // nothing more to undo
+        STEP_VERIFY(lesson() == empty, "an undo too many changed the lesson: " + lesson());
+        step("Refazer tudo");
+        const int redone = pressUntil("Refazer", full);
+        STEP_VERIFY(redone == undone, QString("%1 redos for %2 undos, the lesson is %3, not %4")
+                                          .arg(redone)
+                                          .arg(undone)
+                                          .arg(lesson(), full));
+        QTest::mouseClick(toolButton("Refazer"), Qt::LeftButton); // nothing more to redo
+        STEP_VERIFY(lesson() == full, "a redo too many changed the lesson: " + lesson());
     }
 };
 

@@ -543,6 +543,19 @@ private:
         STEP_DO(answerFile(answerer, "Escolha um arquivo"));
         QApplication::setActiveWindow(quiz);
     }
+    // The work of a save, an export or a publishing ends with its thread, and its progress with
+    // it.
+    void waitIdle(const QString& what) {
+        STEP_TRY(
+            [] {
+                for (QWidget* top : QApplication::topLevelWidgets())
+                    if (qobject_cast<QDialog*>(top) && top->isVisible() &&
+                        top->findChild<QProgressBar*>())
+                        return false;
+                return true;
+            }(),
+            "the progress of the " + what + " stayed on screen");
+    }
     QString exportedPage() const {
         return QDir(bench->document()->getProjectDirectory())
             .filePath(QFileInfo(bench->document()->getProjectName()).baseName() + ".html");
@@ -1150,6 +1163,7 @@ private slots:
                         seen[2].text.contains("quiz.html"),
                     "the export said " + seen[2].title + ": " + seen[2].text);
         STEP_VERIFY(QFileInfo(exportedPage()).size() > 0, "no page " + exportedPage());
+        STEP_DO(waitIdle("export"));
     }
 
     // The exported page, played in Chromium from the first scene to the quiz's end.
@@ -1213,6 +1227,7 @@ private slots:
         STEP_DO(pressTool("Publicar"));
         STEP_VERIFY(answerer.waitAllAnswered(60000), "the publishing never said it ended");
         QApplication::setActiveWindow(bench->window());
+        STEP_DO(waitIdle("publishing"));
         STEP_VERIFY(answerer.seen().size() == 1 &&
                         answerer.last().title == QString::fromUtf8("Compactação do Projeto") &&
                         answerer.last().text.contains("<b>quiz.zip</b>"),

@@ -1129,7 +1129,6 @@ private slots:
         }
         QTest::mouseClick(playButton(), Qt::LeftButton);
         STEP_TRY(!playing(), "the scene did not pause");
-        STEP_DO(shot("15-quiz-fim"));
     }
 
     // The lesson exported to HTML from the menu, without a service: saved first, as asked.
@@ -1195,13 +1194,10 @@ private slots:
                                click("resposta certa 2", rightAnswer(second, feedback, 5)),
                                wait("feedback 2", feedback),
                                wait("cena final", scenes().last())};
-        QJsonObject setup{{"page", exportedPage()},
-                          {"stage", QJsonArray{bench->document()->getProjectViewWidth(),
-                                               bench->document()->getProjectViewHeight()}},
-                          {"steps", steps}};
-        const QString folder = qEnvironmentVariable("SELVORA_SHOTS_DIR");
-        if (!folder.isEmpty())
-            setup.insert("shot", QDir(folder).absoluteFilePath("16-exportado.png"));
+        const QJsonObject setup{{"page", exportedPage()},
+                                {"stage", QJsonArray{bench->document()->getProjectViewWidth(),
+                                                     bench->document()->getProjectViewHeight()}},
+                                {"steps", steps}};
         const QString setupPath = QDir(files.path()).filePath("journey.json");
         QFile file(setupPath);
         STEP_VERIFY(file.open(QIODevice::WriteOnly), "cannot write " + setupPath);

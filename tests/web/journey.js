@@ -59,8 +59,6 @@ try {
 } catch (error) {
     failure = error.message;
 }
-// The page as it ended, for the guide.
-if (setup.shot) await page.screenshot({ path: setup.shot, type: 'png' }).catch(() => {});
 await browser.close();
 if (problems.length) failure += ` ${problems.join('; ')}`;
 console.log(failure || 'ok');

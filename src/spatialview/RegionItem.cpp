@@ -141,7 +141,10 @@ void RegionItem::createOptionsDialog() {
 }
 
 bool RegionItem::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == optionsDialog_ && event->type() == QEvent::Hide) {
+    // A dialog being destroyed hides as a bare QWidget: it is no longer the one to watch, and
+    // reading the guarded pointer then would take it for a dialog.
+    if (event->type() == QEvent::Hide && qobject_cast<QDialog*>(watched) &&
+        watched == optionsDialog_) {
         showIcons_ = true;
         update();
     }

@@ -4,10 +4,18 @@
 #include "app/Translations.h"
 #include "document/Document.h"
 #include "document/Media.h"
+#include "document/Region.h"
 #include "document/Scene.h"
+#include "document/Sync.h"
+#include "document/Template.h"
 #include "libraryView/LayerList.h"
 #include "libraryView/LibraryView.h"
 #include "libraryView/SceneMediaItem.h"
+#include "slideView/SlideListTree.h"
+#include "slideView/SlideListTreeRoot.h"
+#include "slideView/SlideView.h"
+#include "spatialview/ImageItem.h"
+#include "spatialview/RegionItem.h"
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
@@ -17,28 +25,48 @@
 #include "support/MenuPicker.h"
 #include "support/ModalAnswerer.h"
 #include "support/TestMain.h"
+#include "support/UrlCatcher.h"
 #include "support/ViewInput.h"
 #include "support/WindowBench.h"
 #include "temporalView/TemporalView.h"
+#include "wizards/Quiz.h"
+#include "wizards/QuizItem.h"
+#include "wizards/QuizView.h"
+#include "wizards/TemplateWizard.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QGraphicsView>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMap>
 #include <QMediaPlayer>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
+#include <QProcess>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QSlider>
+#include <QStandardPaths>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWizard>
 
 #include <algorithm>
 #include <memory>
@@ -331,6 +359,208 @@ private:
         return labels;
     }
 
+    // ---------------------------------------------------------------- scenes and links
+
+    slideView::SlideListTree* sceneRows() const {
+        return bench->panel<slideView::SlideView>()->getTree();
+    }
+    QList<Scene*> scenes() const { return bench->document()->getSceneAllInOrder(); }
+    // The whole lesson as text: each scene with its time, media and syncs.
+    QString lesson() const {
+        QStringList parts;
+        for (Scene* each : scenes()) {
+            QStringList syncs;
+            for (const document::Sync* sync : each->getAllSyncs())
+                syncs << QString("%1@%2>%3/%4/%5")
+                             .arg(int(sync->getType()))
+                             .arg(sync->getTime())
+                             .arg(sync->getLink(), sync->getTimeEvent(), sync->getKey());
+            syncs.sort();
+            QStringList medias;
+            for (Media* m : each->getAllMedias())
+                medias << m->getLabel();
+            parts << QString("%1 (%2 s) [%3] {%4}")
+                         .arg(each->getLabel())
+                         .arg(each->getTotalTime())
+                         .arg(medias.join(", "), syncs.join(" "));
+        }
+        return parts.join("; ");
+    }
+    // A click on the scene's row makes it current.
+    void pickScene(int row) {
+        slideView::SlideListTree* tree = sceneRows();
+        STEP_VERIFY(row < tree->topLevelItemCount(), QString("no scene row %1").arg(row));
+        tree->scrollToItem(tree->topLevelItem(row)); // as the user scrolls to it
+        const QRect rect = tree->visualItemRect(tree->topLevelItem(row));
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, rect.topLeft() + QPoint(2, 2));
+        STEP_TRY(scene() == scenes().value(row),
+                 QString("the row %1 did not make its scene current").arg(row));
+        settle();
+    }
+    void typeTotal(int seconds) {
+        auto* total =
+            bench->panel<temporalView::TemporalView>()->findChild<QLineEdit*>("totalTimeEdit");
+        QTest::mouseClick(total, Qt::LeftButton);
+        WindowBench::key(Qt::Key_Home, Qt::NoModifier, total);
+        WindowBench::type(QString("0000%1").arg(seconds, 2, 10, QChar('0')), total);
+        WindowBench::key(Qt::Key_Return, Qt::NoModifier, total);
+        STEP_VERIFY(scene()->getTotalTime() == seconds,
+                    QString("the scene lasts %1 s").arg(scene()->getTotalTime()));
+    }
+    // A right click on the canvas (on the media, or on its empty corner) and the entry picked.
+    // Without a window manager the display may take the popup away as it opens: the user
+    // would click and right-click again.
+    void canvasMenu(const Media* on, const QString& entry) {
+        MenuPicker picker;
+        picker.choose({entry});
+        const QPointF at = on ? placed(item(on)).center() : QPointF(3, 400);
+        for (int attempt = 0; attempt < 5 && picker.seen().isEmpty(); ++attempt) {
+            ViewInput::click(view(), at);
+            settle();
+            if (on)
+                item(on)->setFocus(Qt::MouseFocusReason);
+            else if (QGraphicsItem* focus = canvas()->getSpatialScene()->focusItem())
+                focus->clearFocus();
+            ViewInput::contextMenu(view(), at);
+        }
+        STEP_VERIFY(picker.waitDone(15000) && picker.chosen(),
+                    "no enabled entry " + entry + " in the canvas menu");
+    }
+    // Fills the link dialog the entry opens, as the user would, and saves it.
+    void linkDialog(const Media* on, const QString& entry, const QString& title,
+                    const QStringList& times, const QStringList& choices,
+                    const QString& shotName = {}) {
+        ModalAnswerer answerer;
+        answerer.answerWith([&](QWidget* dialog) {
+            const QList<QLineEdit*> edits = dialog->findChildren<QLineEdit*>();
+            for (int i = 0; i < times.size(); ++i)
+                if (!times[i].isEmpty()) {
+                    // The field is masked: the digits overwrite from its start.
+                    QTest::keyClick(edits.at(i), Qt::Key_Home);
+                    QTest::keyClicks(edits.at(i), QString(times[i]).remove(':'));
+                }
+            const QList<QComboBox*> boxes = dialog->findChildren<QComboBox*>();
+            for (int i = 0; i < choices.size(); ++i)
+                boxes.at(i)->setCurrentIndex(boxes.at(i)->findText(choices[i]));
+            if (!shotName.isEmpty())
+                shot(shotName);
+            for (QPushButton* button : dialog->findChildren<QPushButton*>())
+                if (button->text() == "&Salvar")
+                    QTest::mouseClick(button, Qt::LeftButton);
+            // Anything left open failed: given up, so that the journey goes on to say so.
+            if (dialog->isVisible())
+                static_cast<QDialog*>(dialog)->reject();
+        });
+        STEP_DO(canvasMenu(on, entry));
+        STEP_VERIFY(answerer.waitAllAnswered(15000), "the dialog " + title + " never came");
+        STEP_VERIFY(answerer.last().title == title,
+                    "a dialog titled '" + answerer.last().title + "' instead of " + title);
+        QApplication::setActiveWindow(bench->window());
+    }
+    Media* insertText() {
+        const int count = scene()->getAllMedias().size();
+        pressTool("Inserir Texto");
+        if (QTest::currentTestFailed() || scene()->getAllMedias().size() != count + 1)
+            return nullptr;
+        return scene()->getMedia(-1);
+    }
+    QPushButton* playButton() const {
+        return bench->panel<temporalView::TemporalView>()->findChild<QPushButton*>("playButton");
+    }
+    bool playing() const { return scene()->getStatusPlayer() == Definitions::kPlayerStatus::play; }
+    // The tool pressed until the lesson reads as wanted (the history's buttons stay enabled):
+    // the number of presses, or -1 when 25, the records the history keeps, were not enough.
+    int pressUntil(const QString& tool, const QString& wanted) {
+        for (int presses = 0; presses <= 25; ++presses) {
+            if (lesson() == wanted)
+                return presses;
+            QTest::mouseClick(toolButton(tool), Qt::LeftButton);
+            settle();
+        }
+        return -1;
+    }
+
+    // ---------------------------------------------------------------- layout, quiz, export
+
+    // What the file manager does: enter, move and drop the files at a point of the canvas.
+    bool dropFiles(const QStringList& paths, const QPointF& scenePos) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths)
+            urls << QUrl::fromLocalFile(path);
+        data.setUrls(urls);
+        const QPoint at = view()->mapFromScene(scenePos);
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view()->viewport(), &enter);
+        QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view()->viewport(), &move);
+        QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view()->viewport(), &dropped);
+        settle();
+        return dropped.isAccepted();
+    }
+    static QRectF area(const document::Region* region) {
+        const double w = Definitions::getViewWidth();
+        const double h = Definitions::getViewHeight();
+        return QRectF(region->getLeftPx(w), region->getTopPx(h), region->getWidthPx(w),
+                      region->getHeightPx(h));
+    }
+    Scene* labelled(const QString& label) const {
+        for (Scene* each : scenes())
+            if (each->getLabel() == label)
+                return each;
+        return nullptr;
+    }
+    // The answer of a question scene that leads to the feedback's slot of a right answer.
+    static Media* rightAnswer(Scene* question, const Scene* feedback, int slot) {
+        for (Media* m : question->getAllMedias())
+            for (const document::Sync* sync : question->getAllSyncsMedia(m->getId(), true))
+                if (sync->getType() == Definitions::kSyncType::select &&
+                    sync->getLink() == QString::number(feedback->getId()) &&
+                    sync->getTimeEvent() == QString::number(slot))
+                    return m;
+        return nullptr;
+    }
+    void clickWizard(QWizard* wizard, QWizard::WizardButton which, int page) {
+        QAbstractButton* button = wizard->button(which);
+        STEP_VERIFY(button && button->isVisible() && button->isEnabled(),
+                    QString("no enabled button %1 on the page %2 of the wizard")
+                        .arg(button ? button->text() : QString::number(which))
+                        .arg(wizard->currentId()));
+        QTest::mouseClick(button, Qt::LeftButton);
+        if (page >= 0)
+            STEP_TRY(
+                wizard->currentId() == page,
+                QString("the wizard shows page %1, not %2").arg(wizard->currentId()).arg(page));
+    }
+    // The picture of a feedback page, chosen by a click on its preview.
+    void choosePicture(wizards::Quiz* quiz, QGraphicsScene* preview, const QString& path) {
+        ModalAnswerer answerer;
+        answerer.answerFileDialog(path);
+        QGraphicsView* shown = preview->views().value(0);
+        STEP_VERIFY(shown, "the page has no preview");
+        ViewInput::click(shown, preview->sceneRect().center());
+        STEP_DO(answerFile(answerer, "Escolha um arquivo"));
+        QApplication::setActiveWindow(quiz);
+    }
+    // The work of a save, an export or a publishing ends with its thread, and its progress with
+    // it.
+    void waitIdle(const QString& what) {
+        STEP_TRY(
+            [] {
+                for (QWidget* top : QApplication::topLevelWidgets())
+                    if (qobject_cast<QDialog*>(top) && top->isVisible() &&
+                        top->findChild<QProgressBar*>())
+                        return false;
+                return true;
+            }(),
+            "the progress of the " + what + " stayed on screen");
+    }
+    QString exportedPage() const {
+        return QDir(bench->document()->getProjectDirectory())
+            .filePath(QFileInfo(bench->document()->getProjectName()).baseName() + ".html");
+    }
+
 private slots:
     void initTestCase() {
         QVERIFY(files.isValid());
@@ -592,6 +822,424 @@ private slots:
         STEP_DO(sameAsBefore());
         STEP_DO(seek(12));
         STEP_DO(shot("08-reaberto"));
+    }
+    // Three scenes linked by the canvas's context menu: by time, by a click and by a key;
+    // played through, then taken back to nothing by the history and brought back again.
+    void scenesLinkedByTimeClickAndKey() {
+        step("Novo projeto para os elos");
+        {
+            ModalAnswerer answerer;
+            answerer.answer(QString::fromUtf8("Não")); // the reopened lesson was not changed
+            STEP_DO(pickMenu("Arquivo", "Novo"));
+        }
+        const QString empty = lesson();
+        STEP_VERIFY(scenes().size() == 1 && scene()->getAllMedias().isEmpty(),
+                    "the new project is " + empty);
+        step("Adicionar Cena");
+        for (int i = 0; i < 2; ++i)
+            QTest::mouseClick(bench->panel<slideView::SlideView>()->getButtons().at(0),
+                              Qt::LeftButton);
+        STEP_TRY(scenes().size() == 3, QString("%1 scenes").arg(scenes().size()));
+        const QList<Scene*> three = scenes();
+
+        // Each scene: its time and a text to click; a link for each.
+        QList<Media*> texts;
+        for (int row = 0; row < 3; ++row) {
+            step(QString("Cena %1: tempo e texto").arg(row + 1));
+            STEP_DO(pickScene(row));
+            STEP_DO(typeTotal(10));
+            STEP_DO(seek(0));
+            Media* words = insertText();
+            STEP_VERIFY(words, "no text inserted");
+            texts << words;
+        }
+
+        step(QString::fromUtf8("Cena 1: elo automático para a Cena 2 aos 00:00:01"));
+        STEP_DO(pickScene(0));
+        STEP_DO(linkDialog(nullptr, QString::fromUtf8("Criar Elo Automático entre Cenas"),
+                           QString::fromUtf8("Elo automático da cena."), {"00:00:01", "", ""},
+                           {three[1]->getLabel()}, "09-elo-automatico"));
+        const QList<document::Sync*> gotos = three[0]->getAllSyncs(Definitions::kSyncType::goTo);
+        STEP_VERIFY(gotos.size() == 1 && gotos[0]->getTime() == 1 &&
+                        gotos[0]->getLink() == QString::number(three[1]->getId()),
+                    "the scene's links are " + lesson());
+
+        step(QString::fromUtf8("Cena 2: elo interativo (clique) para a Cena 1 no instante 3"));
+        STEP_DO(pickScene(1));
+        STEP_DO(linkDialog(texts[1], QString::fromUtf8("Criar Elo Interativo entre Cenas"),
+                           QString::fromUtf8("Elo interativo da mídia."), {"00:00:03"},
+                           {three[0]->getLabel()}, "10-elo-interativo"));
+        const document::Sync* click =
+            three[1]->getSync(Definitions::kSyncType::select, texts[1]->getId(), true);
+        STEP_VERIFY(click && click->getLink() == QString::number(three[0]->getId()) &&
+                        click->getTimeEvent() == "3" && click->getKey().isEmpty(),
+                    "the click link is " + lesson());
+
+        step(QString::fromUtf8("Cena 1: elo pela tecla Vermelho para a Cena 3"));
+        STEP_DO(pickScene(0));
+        STEP_DO(linkDialog(texts[0], QString::fromUtf8("Criar Elo Interativo entre Cenas"),
+                           QString::fromUtf8("Elo interativo da mídia."), {},
+                           {three[2]->getLabel(), "Vermelho"}));
+        const document::Sync* key =
+            three[0]->getSync(Definitions::kSyncType::select, texts[0]->getId(), true);
+        STEP_VERIFY(key && key->getLink() == QString::number(three[2]->getId()) &&
+                        key->getKey() == QString::number(Qt::Key_1),
+                    "the key link is " + lesson());
+        const QString full = lesson();
+
+        step(QString::fromUtf8("Tocar: o elo automático leva à Cena 2"));
+        STEP_DO(seek(0));
+        QTest::mouseClick(playButton(), Qt::LeftButton);
+        STEP_TRY(
+            scene() == three[1] && playing(),
+            QString("playing %1 instead of %2").arg(scene()->getLabel(), three[1]->getLabel()));
+        step(QString::fromUtf8("Tocar: um clique no texto volta à Cena 1 no segundo 3"));
+        STEP_TRY(item(texts[1]) && item(texts[1])->isVisible(), "the text is not shown");
+        ViewInput::click(view(), placed(item(texts[1])).center());
+        STEP_TRY(
+            scene() == three[0] && playing(),
+            QString("playing %1 instead of %2").arg(scene()->getLabel(), three[0]->getLabel()));
+        STEP_VERIFY(scene()->getCurrentTime() >= 3,
+                    QString("the scene came at second %1").arg(scene()->getCurrentTime()));
+        step(QString::fromUtf8("Tocar: a tecla Vermelho leva à Cena 3"));
+        WindowBench::key(Qt::Key_1, Qt::NoModifier, view());
+        STEP_TRY(
+            scene() == three[2] && playing(),
+            QString("playing %1 instead of %2").arg(scene()->getLabel(), three[2]->getLabel()));
+        QTest::mouseClick(playButton(), Qt::LeftButton);
+        STEP_TRY(!playing(), "the scene did not pause");
+        STEP_VERIFY(lesson() == full, "playing changed the lesson: " + lesson());
+
+        // Eleven records in all, well within the 25 the history keeps.
+        step("Desfazer tudo");
+        const int undone = pressUntil("Desfazer", empty);
+        STEP_VERIFY(undone > 0,
+                    QString("25 undos left the lesson as %1, not %2").arg(lesson(), empty));
+        QTest::mouseClick(toolButton("Desfazer"), Qt::LeftButton); // nothing more to undo
+        STEP_VERIFY(lesson() == empty, "an undo too many changed the lesson: " + lesson());
+        step("Refazer tudo");
+        const int redone = pressUntil("Refazer", full);
+        STEP_VERIFY(redone == undone, QString("%1 redos for %2 undos, the lesson is %3, not %4")
+                                          .arg(redone)
+                                          .arg(undone)
+                                          .arg(lesson(), full));
+        QTest::mouseClick(toolButton("Refazer"), Qt::LeftButton); // nothing more to redo
+        STEP_VERIFY(lesson() == full, "a redo too many changed the lesson: " + lesson());
+    }
+    // A layout from the scene row's palette, filled with files dropped on its regions; a quiz
+    // made by its wizard after it; played with clicks on the answers to the quiz's end.
+    void layoutFilledByDropsAndAQuiz() {
+        step("Novo projeto para o layout e o quiz");
+        {
+            ModalAnswerer answerer;
+            answerer.answer(QString::fromUtf8("Não")); // the linked scenes are not kept
+            STEP_DO(pickMenu("Arquivo", "Novo"));
+        }
+        STEP_VERIFY(scenes().size() == 1 && scene()->getAllMedias().isEmpty(),
+                    "the new project is " + lesson());
+        STEP_DO(typeTotal(10));
+        STEP_DO(seek(0));
+
+        step("Layout da paleta da cena");
+        slideView::SlideListTreeRoot* row = sceneRows()->rootOf(scene()->getId());
+        STEP_VERIFY(row, "the scene has no row");
+        QTest::mouseDClick(row->getPicture(), Qt::LeftButton);
+        QMenu* layouts = row->getLayoutMenu();
+        STEP_TRY(layouts->isVisible(), "a double click on the scene's picture opened no palette");
+        QToolButton* seventh = nullptr;
+        for (QToolBar* bar : layouts->findChildren<QToolBar*>())
+            if (auto* found = qobject_cast<QToolButton*>(
+                    bar->widgetForAction(row->getLayoutActions().value(6))))
+                seventh = found;
+        STEP_VERIFY(seventh, "no seventh layout in the palette");
+        STEP_DO(shot("11-paleta-layouts"));
+        QTest::mouseClick(seventh, Qt::LeftButton);
+        STEP_TRY(!layouts->isVisible(), "the palette stayed open");
+        STEP_VERIFY(scene()->getAllTemplates().size() == 1,
+                    QString("%1 layouts in the scene").arg(scene()->getAllTemplates().size()));
+        // The first layout offers its wizard beside it: closed, as the user would.
+        if (QWidget* wizard = row->getTemplateWizard())
+            wizard->close();
+        QApplication::setActiveWindow(bench->window());
+        const document::Template* layout =
+            bench->document()->getTemplate(scene()->getAllTemplates().first());
+        const QList<document::Region*> regions = layout->getAllRegions();
+        STEP_VERIFY(regions.size() == 3, QString("the layout has %1 regions").arg(regions.size()));
+        for (const document::Region* region : regions) {
+            auto* placeholder = dynamic_cast<spatialview::RegionItem*>(canvas()->getItem(
+                SpatialView::regionKey(region->getId(), region->getTemplateId())));
+            STEP_VERIFY(placeholder && placeholder->isVisible(),
+                        QString("the region %1 shows no placeholder").arg(region->getOrder()));
+        }
+        STEP_DO(shot("12-layout"));
+
+        step(QString::fromUtf8("Soltar arquivos nas regiões"));
+        const QList<QColor> colours = {QColor(200, 60, 60), QColor(60, 160, 60),
+                                       QColor(60, 60, 200)};
+        for (int i = 0; i < regions.size(); ++i) {
+            const document::Region* region = regions[i];
+            const QString where = QString("region %1: ").arg(region->getOrder());
+            const QString file = MediaFixtures::makeImage(
+                files.path(), QString("regiao%1.png").arg(i), QSize(160, 120), colours[i]);
+            const int count = scene()->getAllMedias().size();
+            STEP_VERIFY(dropFiles({file}, area(region).center()), where + "the drop was refused");
+            STEP_VERIFY(scene()->getAllMedias().size() == count + 1, where + "no media came");
+            const Media* dropped = scene()->getMedia(region->getMediaId());
+            STEP_VERIFY(dropped && dropped->getRegionId() == QString::number(region->getId()),
+                        where + "the region holds no media");
+            STEP_VERIFY(near(pixels(dropped), area(region)),
+                        where + "the media holds " + text(pixels(dropped)) + ", the region " +
+                            text(area(region)));
+            STEP_TRY(item(dropped) && item(dropped)->isVisible(),
+                     where + "the media is not on the canvas");
+            STEP_VERIFY(near(placed(item(dropped)), area(region)),
+                        where + "the media shows at " + text(placed(item(dropped))));
+        }
+        STEP_DO(shot("13-layout-preenchido"));
+
+        step("Quiz: Inserir Template");
+        QList<QPointer<wizards::Quiz>> before;
+        for (wizards::Quiz* each : bench->window()->findChildren<wizards::Quiz*>())
+            before << each;
+        STEP_DO(pickMenu(QString::fromUtf8("Opções"), "Inserir Template"));
+        QPointer<wizards::Quiz> quiz;
+        STEP_TRY(
+            [&] {
+                for (wizards::Quiz* each : bench->window()->findChildren<wizards::Quiz*>())
+                    if (!before.contains(each) && each->isVisible())
+                        quiz = each;
+                return bool(quiz);
+            }(),
+            "the quiz wizard did not open");
+        QApplication::setActiveWindow(quiz);
+        step(QString::fromUtf8("Quiz: Configurações"));
+        STEP_VERIFY(quiz->currentId() == wizards::Quiz::configurationPage,
+                    QString("the wizard opens on page %1").arg(quiz->currentId()));
+        for (QComboBox* box : {quiz->getQuestionsBox(), quiz->getOptionsBox()}) {
+            QTest::mouseClick(box, Qt::LeftButton);
+            box->setCurrentIndex(box->findText("2"));
+            if (QWidget* popup = QApplication::activePopupWidget())
+                popup->close();
+            STEP_VERIFY(box->currentText() == "2", "the box shows " + box->currentText());
+        }
+        QTest::keyClick(quiz->getTimeEdit(), Qt::Key_Home);
+        QTest::keyClicks(quiz->getTimeEdit(), "000030");
+        STEP_VERIFY(quiz->getTimeEdit()->text() == "00:00:30",
+                    "the time reads " + quiz->getTimeEdit()->text());
+        STEP_DO(clickWizard(quiz, QWizard::NextButton, wizards::Quiz::questionsPage));
+
+        step(QString::fromUtf8("Quiz: Questões"));
+        const QList<wizards::QuizView*> questions = quiz->getQuestionViews();
+        STEP_VERIFY(questions.size() == 2, QString("%1 questions").arg(questions.size()));
+        auto* tabs = quiz->findChild<QTabWidget*>();
+        STEP_VERIFY(tabs && tabs->count() == 2, "no tab for each question");
+        const QStringList asked = {QString::fromUtf8("Quanto é 2 + 2?"),
+                                   QString::fromUtf8("Qual é a capital do Brasil?")};
+        const QList<QStringList> options = {{"3", "4"}, {QString::fromUtf8("Brasília"), "Rio"}};
+        const QList<int> right = {2, 1};
+        for (int q = 0; q < 2; ++q) {
+            QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {},
+                              tabs->tabBar()->tabRect(q).center());
+            STEP_TRY(questions[q]->isVisible(), QString("the tab of question %1 hid").arg(q + 1));
+            WindowBench::type(asked[q], questions[q]->getQuestionEdit());
+            const QList<wizards::QuizItem*> items = questions[q]->getItems();
+            STEP_VERIFY(items.size() == 2,
+                        QString("question %1 has %2 answers").arg(q + 1).arg(items.size()));
+            for (int a = 0; a < 2; ++a) {
+                items[a]->getTextEdit()->selectAll();
+                WindowBench::type(options[q][a], items[a]->getTextEdit());
+            }
+            QTest::mouseClick(items[right[q] - 1]->getRightButton(), Qt::LeftButton);
+            STEP_VERIFY(questions[q]->getRightAnswer() == right[q],
+                        QString("question %1 marks answer %2 right")
+                            .arg(q + 1)
+                            .arg(questions[q]->getRightAnswer()));
+            STEP_VERIFY(questions[q]->getAnswerTexts() == options[q],
+                        "the answers read " + questions[q]->getAnswerTexts().join(" | "));
+        }
+        STEP_DO(shot("14-quiz"));
+        STEP_DO(clickWizard(quiz, QWizard::NextButton, wizards::Quiz::rightPage));
+        step(QString::fromUtf8("Quiz: imagem de acerto"));
+        STEP_DO(choosePicture(
+            quiz, quiz->getRightScene(),
+            MediaFixtures::makeImage(files.path(), "certo.png", QSize(200, 100), Qt::green)));
+        STEP_VERIFY(quiz->getRightItem() && quiz->getRightItem()->hasPicture(),
+                    "the right picture shows no preview");
+        STEP_DO(clickWizard(quiz, QWizard::NextButton, wizards::Quiz::wrongPage));
+        step(QString::fromUtf8("Quiz: imagem de erro"));
+        STEP_DO(choosePicture(
+            quiz, quiz->getWrongScene(),
+            MediaFixtures::makeImage(files.path(), "errado.png", QSize(200, 100), Qt::red)));
+        STEP_DO(clickWizard(quiz, QWizard::FinishButton, -1));
+        STEP_TRY(!quiz || !quiz->isVisible(), "the wizard stayed open");
+        QApplication::setActiveWindow(bench->window());
+
+        step(QString::fromUtf8("Quiz: as cenas feitas"));
+        Scene* first = labelled("Pergunta 1");
+        Scene* second = labelled("Pergunta 2");
+        Scene* feedback = labelled("Feedback");
+        STEP_VERIFY(scenes().size() == 5 && first && second && feedback,
+                    "the scenes are " + lesson());
+        Scene* final = scenes().last();
+        STEP_VERIFY(final != feedback && final != second, "the scenes are " + lesson());
+        for (int q = 0; q < 2; ++q) {
+            Scene* question = q ? second : first;
+            const Media* asking = nullptr;
+            for (Media* m : question->getAllMedias())
+                if (m->getLabel() == QString::fromUtf8("Questão %1").arg(q + 1))
+                    asking = m;
+            STEP_VERIFY(asking && asking->getWording() == asked[q],
+                        QString("question %1 reads '%2'")
+                            .arg(q + 1)
+                            .arg(asking ? asking->getWording() : QString()));
+            const Media* answer = rightAnswer(question, feedback, 5 * q);
+            STEP_VERIFY(answer && answer->getWording() == options[q][right[q] - 1],
+                        QString("the right answer of question %1 reads '%2'")
+                            .arg(q + 1)
+                            .arg(answer ? answer->getWording() : QString()));
+        }
+
+        step(QString::fromUtf8("Cena 1: elo automático para a Pergunta 1 aos 00:00:02"));
+        STEP_DO(pickScene(0));
+        STEP_DO(linkDialog(nullptr, QString::fromUtf8("Criar Elo Automático entre Cenas"),
+                           QString::fromUtf8("Elo automático da cena."), {"00:00:02"},
+                           {first->getLabel()}));
+        STEP_VERIFY(scenes().first()->getAllSyncs(Definitions::kSyncType::goTo).size() == 1,
+                    "the link was not made: " + lesson());
+
+        step(QString::fromUtf8("Tocar: o elo automático leva à Pergunta 1"));
+        STEP_DO(seek(0));
+        QTest::mouseClick(playButton(), Qt::LeftButton);
+        STEP_TRY(scene() == first && playing(), "playing " + scene()->getLabel());
+        for (int q = 0; q < 2; ++q) {
+            step(QString::fromUtf8("Tocar: a resposta certa da Pergunta %1").arg(q + 1));
+            Scene* question = q ? second : first;
+            Media* answer = rightAnswer(question, feedback, 5 * q);
+            STEP_TRY(scene() == question && item(answer) && item(answer)->isVisible(),
+                     "the answer is not shown; playing " + scene()->getLabel());
+            view()->setFocus(Qt::MouseFocusReason);
+            ViewInput::click(view(), placed(item(answer)).center());
+            STEP_TRY(scene() == feedback, "the click led to " + scene()->getLabel());
+            for (Media* m : feedback->getAllMedias())
+                if (m->getLabel() == "Imagem de acerto")
+                    STEP_TRY(item(m) && item(m)->isVisible(), "the right picture is not shown");
+            Scene* next = q ? final : second;
+            // Five seconds of the picture, by the scene's own clock.
+            STEP_TRY(scene() == next, "after the feedback, " + scene()->getLabel());
+        }
+        QTest::mouseClick(playButton(), Qt::LeftButton);
+        STEP_TRY(!playing(), "the scene did not pause");
+    }
+
+    // The lesson exported to HTML from the menu, without a service: saved first, as asked.
+    void lessonExportedToHtml() {
+        step("Exportar > HTML");
+        QVERIFY2(scenes().size() == 5, "the quiz journey did not leave its lesson");
+        projectPath = QDir(files.path()).filePath("quiz");
+        ModalAnswerer answerer;
+        answerer.answer("Sim");
+        answerer.answerWith([this](QWidget* widget) {
+            if (auto* dialog = qobject_cast<QFileDialog*>(widget)) {
+                dialog->findChild<QLineEdit*>("fileNameEdit")->setText(projectPath);
+                QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+            }
+        });
+        answerer.answer(QString::fromUtf8("Não")); // not opened in the browser
+        STEP_VERIFY(openMenu("Arquivo"), "the menu Arquivo did not open");
+        MenuPicker picker;
+        picker.choose({"Exportar", "HTML"});
+        STEP_VERIFY(picker.waitDone(15000) && picker.chosen(), "no Exportar > HTML");
+        STEP_VERIFY(answerer.waitAllAnswered(60000),
+                    QString("%1 boxes of 3 came; the last: %2")
+                        .arg(answerer.seen().size())
+                        .arg(answerer.last().title + " " + answerer.last().text));
+        QApplication::setActiveWindow(bench->window());
+        const QList<ModalAnswerer::Seen> seen = answerer.seen();
+        STEP_VERIFY(seen[0].title == "Salvar projeto" && seen[1].className == "QFileDialog",
+                    "the save was asked by " + seen[0].title + " and " + seen[1].className);
+        STEP_VERIFY(seen[2].title == QString::fromUtf8("Exportação") &&
+                        seen[2].text.contains("Projeto exportado com sucesso.") &&
+                        seen[2].text.contains("quiz.html"),
+                    "the export said " + seen[2].title + ": " + seen[2].text);
+        STEP_VERIFY(QFileInfo(exportedPage()).size() > 0, "no page " + exportedPage());
+        STEP_DO(waitIdle("export"));
+    }
+
+    // The exported page, played in Chromium from the first scene to the quiz's end.
+    void exportedLessonPlaysInChromium() {
+        step("Tocar a aula exportada no Chromium");
+        const QString web = QStringLiteral(SELVORA_SOURCE_DIR "/tests/web");
+        const QString chromium = qEnvironmentVariable("CHROMIUM", "/usr/bin/chromium");
+        if (QStandardPaths::findExecutable("node").isEmpty() || !QFileInfo(chromium).isExecutable())
+            QSKIP("node or chromium is not installed: the exported page was not played");
+        if (!QFileInfo(web + "/node_modules/puppeteer-core").isDir())
+            QSKIP("tests/web/node_modules is missing (scripts/install-deps.sh): the exported page "
+                  "was not played");
+        STEP_VERIFY(QFileInfo(exportedPage()).isFile(), "no page " + exportedPage());
+        Scene* first = labelled("Pergunta 1");
+        Scene* second = labelled("Pergunta 2");
+        Scene* feedback = labelled("Feedback");
+        STEP_VERIFY(first && second && feedback, "the lesson is " + lesson());
+        const auto wait = [](const QString& name, const Scene* target) {
+            return QJsonObject{{"name", name}, {"do", "wait"}, {"scene", target->getId()}};
+        };
+        const auto click = [](const QString& name, const Media* target) {
+            return QJsonObject{{"name", name}, {"do", "click"}, {"media", target->getId()}};
+        };
+        const QJsonArray steps{wait("Cena 1", scenes().first()),
+                               wait(QString::fromUtf8("elo automático para a Pergunta 1"), first),
+                               click("resposta certa 1", rightAnswer(first, feedback, 0)),
+                               wait("feedback 1", feedback),
+                               wait("Pergunta 2", second),
+                               click("resposta certa 2", rightAnswer(second, feedback, 5)),
+                               wait("feedback 2", feedback),
+                               wait("cena final", scenes().last())};
+        const QJsonObject setup{{"page", exportedPage()},
+                                {"stage", QJsonArray{bench->document()->getProjectViewWidth(),
+                                                     bench->document()->getProjectViewHeight()}},
+                                {"steps", steps}};
+        const QString setupPath = QDir(files.path()).filePath("journey.json");
+        QFile file(setupPath);
+        STEP_VERIFY(file.open(QIODevice::WriteOnly), "cannot write " + setupPath);
+        file.write(QJsonDocument(setup).toJson());
+        file.close();
+        QProcess node;
+        node.setProcessChannelMode(QProcess::MergedChannels);
+        node.start("node", {web + "/journey.js", setupPath});
+        STEP_VERIFY(node.waitForFinished(120000), "node did not finish: " + node.errorString());
+        const QString output = QString::fromUtf8(node.readAll()).trimmed();
+        STEP_VERIFY(node.exitStatus() == QProcess::NormalExit && node.exitCode() == 0,
+                    "Chromium: " + output);
+    }
+
+    // "Publicar": the project saved and packed as a zip, and the portal opened.
+    void lessonPublishedAsZip() {
+        step("Publicar");
+        QVERIFY2(!bench->document()->getProjectName().isNull(), "the lesson was not saved");
+        qputenv("SELVORA_PORTAL_URL", "http://portal.example/compor");
+        UrlCatcher urls;
+        ModalAnswerer answerer;
+        answerer.answer("OK");
+        STEP_DO(pressTool("Publicar"));
+        STEP_VERIFY(answerer.waitAllAnswered(60000), "the publishing never said it ended");
+        QApplication::setActiveWindow(bench->window());
+        STEP_DO(waitIdle("publishing"));
+        STEP_VERIFY(answerer.seen().size() == 1 &&
+                        answerer.last().title == QString::fromUtf8("Compactação do Projeto") &&
+                        answerer.last().text.contains("<b>quiz.zip</b>"),
+                    QString("%1 boxes, the last: %2: %3")
+                        .arg(answerer.seen().size())
+                        .arg(answerer.last().title, answerer.last().text));
+        const QString archive =
+            QDir(bench->document()->getProjectDirectory()).filePath("quiz.svproj.zip");
+        STEP_TRY(QFileInfo(archive).size() > 0, "no archive " + archive);
+        QProcess unzip;
+        unzip.setProcessChannelMode(QProcess::MergedChannels);
+        unzip.start("unzip", {"-t", archive});
+        STEP_VERIFY(unzip.waitForFinished(30000) && unzip.exitCode() == 0,
+                    "unzip -t: " + QString::fromUtf8(unzip.readAll()));
+        STEP_TRY(urls.opened() == QList<QUrl>{QUrl("http://portal.example/compor")},
+                 "the portal was not opened");
     }
 };
 

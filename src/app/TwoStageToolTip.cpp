@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QIcon>
+#include <QPushButton>
 #include <QRect>
 #include <QTimer>
 #include <QToolTip>
@@ -98,6 +100,15 @@ void TwoStageToolTip::showLongTip() {
         return;
     QToolTip::showText(point, longTip(current_));
     timer_->start(); // renewed while the pointer stays near
+}
+
+QPushButton* TwoStageToolTip::addButton(QWidget* parent, const char* context,
+                                        const Button& button) {
+    auto* made = new QPushButton(QIcon(button.icon), QString(), parent);
+    made->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    addTip(made, QCoreApplication::translate(context, button.shortTip),
+           QCoreApplication::translate(context, button.longTip));
+    return made;
 }
 
 } // namespace selvora

@@ -8,6 +8,8 @@
 #include <QSize>
 #include <QString>
 
+class QPushButton;
+
 class QTimer;
 class QWidget;
 
@@ -39,6 +41,14 @@ public:
 
     // An empty short tip shows nothing at once and only the long tip later.
     void addTip(QObject* source, const QString& shortTip, const QString& longTip);
+
+    // A side panel's button: its picture and its two tips, translated in the panel's context.
+    struct Button {
+        const char* icon;
+        const char* shortTip;
+        const char* longTip;
+    };
+    QPushButton* addButton(QWidget* parent, const char* context, const Button& button);
 
     // Finds the control at the point among those inside the scope (all when it is null), shows
     // its short tip and starts the delay. False when no control is there.

@@ -24,7 +24,7 @@ using document::Scene;
 using MediaType = Definitions::kMediaType;
 
 LibraryList::LibraryList(document::Document* document, QWidget* parent)
-    : QListWidget(parent), document_(document) {
+    : RowList(parent), document_(document) {
     load();
     createActions();
     createContextMenu();
@@ -212,18 +212,8 @@ void LibraryList::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
 
-void LibraryList::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && count() > 0)
-        position_ = event->pos();
-    QListWidget::mousePressEvent(event);
-}
-
 void LibraryList::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() == Qt::NoButton) {
-        QListWidget::mouseMoveEvent(event);
-        return;
-    }
-    if (!RowPicture::isDragStart(position_, event->pos()))
+    if (!dragStarts(event))
         return;
     const QList<QListWidgetItem*> selected = selectedItems();
     const LibraryListItem* item = selected.isEmpty() ? nullptr : itemOf(selected.first());

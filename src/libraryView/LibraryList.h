@@ -2,6 +2,7 @@
 #define SELVORA_LIBRARYVIEW_LIBRARYLIST_H
 
 #include "app/Definitions.h"
+#include "libraryView/RowList.h"
 
 #include <QList>
 #include <QListWidget>
@@ -25,7 +26,7 @@ class LibraryListItem;
 
 // The project's media files, kept by the document: imported here, dragged or inserted into the
 // current scene. The library belongs to the project, not to a scene.
-class LibraryList : public QListWidget {
+class LibraryList : public RowList {
     Q_OBJECT
 public:
     // Refused files named in one message at most; the rest are counted.
@@ -52,7 +53,6 @@ public slots:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
@@ -71,7 +71,6 @@ private:
     QAction* importAction_ = nullptr;
     QAction* deleteAction_ = nullptr;
     QMenu* contextMenu_ = nullptr;
-    QPoint position_;
     QList<LibraryListItem*> items_;
 };
 

@@ -20,13 +20,8 @@ using document::Document;
 using document::Scene;
 
 namespace {
-struct ButtonText {
-    const char* icon;
-    const char* shortTip;
-    const char* longTip;
-};
 // In the order of the buttons: up, down, duplicate, insert, import.
-const ButtonText kButtons[] = {
+const TwoStageToolTip::Button kButtons[] = {
     {":/imagens/up", QT_TRANSLATE_NOOP("LibraryView", "Subir uma camada"),
      QT_TRANSLATE_NOOP("LibraryView", "Subir uma camada:<p><p><font size=\"2\">Move a mídia uma "
                                       "camada para cima.</font></p></p>")},
@@ -62,11 +57,8 @@ QList<QPushButton*> LibraryView::getButtons() const {
 void LibraryView::createObjects() {
     QPushButton** buttons[] = {&upButton_, &downButton_, &duplicateButton_, &insertButton_,
                                &importButton_};
-    for (int i = 0; i < 5; ++i) {
-        *buttons[i] = new QPushButton(QIcon(kButtons[i].icon), QString(), this);
-        (*buttons[i])->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-        toolTip_->addTip(*buttons[i], tr(kButtons[i].shortTip), tr(kButtons[i].longTip));
-    }
+    for (int i = 0; i < 5; ++i)
+        *buttons[i] = toolTip_->addButton(this, "LibraryView", kButtons[i]);
 }
 
 void LibraryView::createLayout() {

@@ -20,7 +20,7 @@ using document::Media;
 using document::Scene;
 
 SceneMediaList::SceneMediaList(document::Document* document, QWidget* parent)
-    : QListWidget(parent), document_(document), contextMenu_(new QMenu(this)) {
+    : RowList(parent), document_(document), contextMenu_(new QMenu(this)) {
     RowPicture::applyListSettings(this);
     setDocumentConnections();
     setConnections();
@@ -162,18 +162,8 @@ void SceneMediaList::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
 
-void SceneMediaList::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && count() > 0)
-        position_ = event->pos();
-    QListWidget::mousePressEvent(event);
-}
-
 void SceneMediaList::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() == Qt::NoButton) {
-        QListWidget::mouseMoveEvent(event);
-        return;
-    }
-    if (!RowPicture::isDragStart(position_, event->pos()))
+    if (!dragStarts(event))
         return;
     const QList<QListWidgetItem*> selected = selectedItems();
     SceneMediaItem* item = selected.isEmpty() ? nullptr : itemOf(selected.first());

@@ -2,6 +2,7 @@
 #define SELVORA_LIBRARYVIEW_SCENEMEDIALIST_H
 
 #include "app/Definitions.h"
+#include "libraryView/RowList.h"
 
 #include <QHash>
 #include <QList>
@@ -26,7 +27,7 @@ class SceneMediaItem;
 
 // What the layer list and the media list share: rows of the current scene's media that follow
 // its labels, pictures and current media, the rename dialog, removal, and the drag of a row.
-class SceneMediaList : public QListWidget {
+class SceneMediaList : public RowList {
     Q_OBJECT
 public:
     SceneMediaList(document::Document* document, QWidget* parent);
@@ -66,13 +67,11 @@ protected:
     virtual Qt::DropActions dragActions() const = 0;
 
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
     document::Document* document_;
     QPointer<document::Scene> scene_;
     QMenu* contextMenu_;
-    QPoint position_;
     QHash<int, SceneMediaItem*> items_;
 
 private:

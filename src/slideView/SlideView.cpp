@@ -19,13 +19,8 @@ using document::Document;
 using document::Scene;
 
 namespace {
-struct ButtonText {
-    const char* icon;
-    const char* shortTip;
-    const char* longTip;
-};
 // In the order of the buttons: add, remove, up, down, link.
-const ButtonText kButtons[] = {
+const TwoStageToolTip::Button kButtons[] = {
     {":/imagens/icones-Selvora_01", QT_TRANSLATE_NOOP("SlideView", "Adicionar Cena"),
      QT_TRANSLATE_NOOP("SlideView",
                        "Adicionar Cena:<br/><br/><font size=\"2\">Insere uma nova cena vazia no "
@@ -64,11 +59,8 @@ QList<QPushButton*> SlideView::getButtons() const {
 
 void SlideView::createObjects() {
     QPushButton** buttons[] = {&addButton_, &removeButton_, &upButton_, &downButton_, &linkButton_};
-    for (int i = 0; i < 5; ++i) {
-        *buttons[i] = new QPushButton(QIcon(kButtons[i].icon), QString(), this);
-        (*buttons[i])->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-        toolTip_->addTip(*buttons[i], tr(kButtons[i].shortTip), tr(kButtons[i].longTip));
-    }
+    for (int i = 0; i < 5; ++i)
+        *buttons[i] = toolTip_->addButton(this, "SlideView", kButtons[i]);
 }
 
 void SlideView::createLayout() {

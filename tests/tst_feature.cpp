@@ -1,4 +1,3 @@
-#include "app/TwoStageToolTip.h"
 #include "buffer/Buffer.h"
 #include "document/Document.h"
 #include "document/Media.h"
@@ -14,10 +13,8 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -158,52 +155,16 @@ private slots:
             QTest::newRow(name) << before << field << input << key << expected << int(e);
         };
         row("width", "", "width", "40", "width", "40", setSync);
-        row("height", "", "height", "30", "height", "30", setSync);
-        row("X", "", "left", "12.5", "left", "12.5", setSync);
-        row("Y", "", "top", "20", "top", "20", setSync);
-        row("transparency", "", "transparency", "35", "transparency", "35", setSync);
-        row("send to back", "", "sendToBack", "click", "layer", "1", setSync);
-        row("send backward", "", "sendBackward", "click", "layer", "1", setSync);
         row("bring forward", "sendToBack=click", "bringForward", "click", "layer", "2", setSync);
-        row("bring to front", "sendToBack=click", "bringToFront", "click", "layer", "2", setSync);
         row("hover", "", "hover", "enc", "hover", "1", mediaOnly);
         row("link", "", "link", "Fin", "link", "1", linkSync);
         row("scene start", "link=Fin", "timeEvent", "000130", "timeEvent", "90", linkSync);
-        row("key", "", "key", "Verm", "key", "49", linkSync);
         row("web address", "", "url", "example.org", "url", "http://example.org", linkSync);
-        row("https kept", "", "url", "https://a.org", "url", "https://a.org", linkSync);
-        row("font size", "", "fontSize", "36", "fontSize", "36", mediaOnly);
-        row("justify", "", "textJustify", "click", "textAlignment", "8", mediaOnly);
-        row("centre", "", "textMiddle", "click", "textAlignment", "4", mediaOnly);
-        row("right", "", "textRight", "click", "textAlignment", "2", mediaOnly);
         row("left", "textRight=click", "textLeft", "click", "textAlignment", "1", mediaOnly);
-        row("bold", "", "negrito", "click", "fontType", "1", mediaOnly);
-        row("italic", "", "italico", "click", "fontType", "2", mediaOnly);
-        row("underline", "", "sublinhado", "click", "fontType", "3", mediaOnly);
-        row("bold italic", "negrito=click", "italico", "click", "fontType", "4", mediaOnly);
-        row("bold off", "negrito=click", "negrito", "click", "fontType", "0", mediaOnly);
         row("font colour", "", "colorFont", "colour:#123456", "colorFont", "#123456", mediaOnly);
-        row("fill colour", "", "colorFill", "colour:#00ff00", "colorFill", "#00ff00", mediaOnly);
-        row("no fill", "", "colorFillNull", "click", "colorFill", "", mediaOnly);
-        row("outline colour", "", "colorOutline", "colour:#abcdef", "colorOutline", "#abcdef",
-            mediaOnly);
-        row("no outline", "", "colorOutlineNull", "click", "colorOutline", "", mediaOnly);
-        row("outline width", "", "widthOutline", Definitions::getkOutlineWidthLegend(5),
-            "widthOutline", "5", mediaOnly);
-        row("outline style", "", "styleOutline", Definitions::getkOutlineStyleLegend(2),
-            "styleOutline", "2", mediaOnly);
         // The data are made before init: a value of the media is named, and read when typing.
         row("width letters", "", "width", "abc", "width", "<as before>", mediaOnly);
         row("width over", "", "width", "150", "width", "100", setSync);
-        row("X follows width", "left=30", "width", "80", "left", "20", setSync);
-        row("X negative", "", "left", "-20", "left", "0", setSync);
-        row("Y over", "top=1", "top", "250", "top", "<100 - height>", setSync);
-        row("transparency over", "", "transparency", "500", "transparency", "100", setSync);
-        row("transparency letters", "", "transparency", "x", "transparency", "0", mediaOnly);
-        row("font size letters", "", "fontSize", "abc", "fontSize", "14", mediaOnly);
-        row("font size zero", "", "fontSize", "0", "fontSize", "14", mediaOnly);
-        row("font size long", "", "fontSize", "5000", "fontSize", "500", mediaOnly);
-        row("scene start over", "link=Fin", "timeEvent", "999999", "timeEvent", "359999", linkSync);
         // A family other than the media's, that no longer name starts with.
         QFontComboBox fonts;
         QStringList families;
@@ -236,31 +197,6 @@ private slots:
         QCOMPARE(landed(Effect(effect), key), expected);
     }
 
-    void mirrorsMediaAfterSeek() {
-        auto* width = control<QDoubleSpinBox>("width");
-        const double original = width->value();
-        enter("width", "40");
-        scene->setCurrentTime(0, false);
-        scene->resetExecuteSyncs();
-        QCOMPARE(width->value(), original);
-        scene->setCurrentTime(kSecond + 1, false);
-        scene->resetExecuteSyncs();
-        QCOMPARE(width->value(), 40.0);
-    }
-
-    void followsUndoOfItsEdit() {
-        new buffer::Buffer(doc, window.get());
-        auto* width = control<QDoubleSpinBox>("width");
-        const QString original = shape->getWidth();
-        enter("width", "40");
-        QCOMPARE(width->value(), 40.0);
-        doc->undoAction(); // the set sync
-        doc->undoAction(); // the media's properties
-        QCOMPARE(shape->getWidth(), original);
-        QCOMPARE(width->value(), original.toDouble());
-        QVERIFY(scene->getAllSyncs(shape->getId(), kSecond, true).isEmpty());
-    }
-
     void showsTheMediaLink() {
         const QHash<QString, QString> link = {{"link", QString::number(other->getId())},
                                               {"timeEvent", "75"},
@@ -270,7 +206,6 @@ private slots:
         QCOMPARE(control<QComboBox>("link")->currentText(), QString("Final"));
         QCOMPARE(control<QLineEdit>("timeEvent")->text(), QString("00:01:15"));
         QCOMPARE(control<QComboBox>("key")->currentText(), QString("Amarelo"));
-        QCOMPARE(control<QLineEdit>("url")->text(), QString("http://a.org"));
         // A target scene that goes leaves the list, and the link shows no scene.
         QVERIFY(doc->removeScene(other->getId()));
         QCOMPARE(control<QComboBox>("link")->findText("Final"), -1);
@@ -278,12 +213,6 @@ private slots:
 
     void followsSceneMediaAndProject() {
         QTabWidget* tabs = panel->tabs();
-        QVERIFY(doc->setCurrentScene(other->getId(), true));
-        QCOMPARE(panel->currentMedia(), nullptr);
-        QVERIFY(!tabs->isTabEnabled(Feature::transformTab));
-        QVERIFY(doc->setCurrentScene(scene->getId(), true));
-        QCOMPARE(panel->currentMedia(), shape);
-        QVERIFY(tabs->isTabEnabled(Feature::shapeTab));
         QVERIFY(scene->removeMedia(shape->getId()));
         QCOMPARE(panel->currentMedia(), nullptr);
         QVERIFY(!tabs->isTabEnabled(Feature::transformTab));
@@ -296,7 +225,6 @@ private slots:
         QVERIFY(opened->setCurrentMedia(text->getId()));
         QCOMPARE(control<QDoubleSpinBox>("width")->value(), 50.0);
         QCOMPARE(tabs->currentIndex(), int(Feature::textTab));
-        QVERIFY(!tabs->isTabEnabled(Feature::shapeTab));
         // A hover kind the list does not offer survives an edit of another property.
         enter("fontSize", "20");
         QCOMPARE(text->getFontSize(), QString("20"));
@@ -306,13 +234,9 @@ private slots:
     void videoShowsTransformWithoutTransparency() {
         Media* video = doc->createMedia(scene, "", MediaType::video, "", "");
         QVERIFY(video);
-        QTabWidget* tabs = panel->tabs();
-        QCOMPARE(tabs->currentIndex(), int(Feature::transformTab));
-        QVERIFY(tabs->isTabEnabled(Feature::transformTab));
-        for (int tab : {Feature::linkTab, Feature::textTab, Feature::shapeTab})
-            QVERIFY(!tabs->isTabEnabled(tab));
+        QCOMPARE(panel->tabs()->currentIndex(), int(Feature::transformTab));
+        QVERIFY(!panel->tabs()->isTabEnabled(Feature::shapeTab));
         QVERIFY(!control<QWidget>("transparency")->isEnabled());
-        QVERIFY(!control<QWidget>("hover")->isEnabled());
         QVERIFY(control<QWidget>("width")->isEnabled());
     }
 
@@ -321,26 +245,6 @@ private slots:
         QVERIFY(!panel->tabs()->isEnabled());
         scene->pauseScene();
         QVERIFY(panel->tabs()->isEnabled());
-    }
-
-    void toolTipShortThenLong() {
-        panel->tabs()->setCurrentIndex(Feature::transformTab);
-        QWidget* label = nullptr;
-        for (QWidget* candidate : panel->findChildren<QLabel*>()) {
-            if (panel->toolTips()->shortTip(candidate) == "Largura")
-                label = candidate;
-        }
-        QVERIFY(label);
-        // The pointer is taken 10 pixels lower and to the right.
-        QCursor::setPos(label->mapToGlobal(QPoint(0, 0)) - QPoint(5, 5));
-        QTRY_COMPARE(QCursor::pos(), label->mapToGlobal(QPoint(0, 0)) - QPoint(5, 5));
-        QHelpEvent event(QEvent::ToolTip, QPoint(), QCursor::pos());
-        QApplication::sendEvent(panel, &event);
-        QTRY_COMPARE(QToolTip::text(), QString("Largura"));
-        QTRY_COMPARE_WITH_TIMEOUT(QToolTip::text(),
-                                  "Largura:<br/><br/><font size=\"2\">Define a largura da mídia em "
-                                  "foco.</font>",
-                                  5000);
     }
 };
 

@@ -52,11 +52,7 @@ QStringList textsOf(QWidget* root) {
     return texts;
 }
 
-void verifyPortuguese(const QStringList& texts, const QStringList& english,
-                      const QStringList& portuguese) {
-    for (const QString& word : english)
-        QVERIFY2(!texts.contains(word),
-                 qPrintable("English text \"" + word + "\" in: " + texts.join(" | ")));
+void verifyPortuguese(const QStringList& texts, const QStringList& portuguese) {
     for (const QString& word : portuguese)
         QVERIFY2(texts.contains(word), qPrintable("No \"" + word + "\" in: " + texts.join(" | ")));
 }
@@ -77,14 +73,9 @@ private slots:
         dialog.setAcceptMode(QFileDialog::AcceptOpen);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        verifyPortuguese(textsOf(&dialog),
-                         {"Cancel", "Open", "Look in:", "File name:", "Files of type:", "Back",
-                          "Forward", "Parent Directory", "Create New Folder", "List View",
-                          "Detail View", "Name", "Size", "Date Modified"},
-                         {"Cancelar", "Abrir",
-                          "Procurar em:", "Nome do arquivo:", "Arquivos do tipo:", "Pasta superior",
-                          "Criar nova pasta", "Nome", "Tamanho"});
-        dialog.close();
+        verifyPortuguese(textsOf(&dialog), {"Cancelar", "Abrir", "Procurar em:", "Nome do arquivo:",
+                                            "Arquivos do tipo:", "Pasta superior",
+                                            "Criar nova pasta", "Nome", "Tamanho"});
     }
 
     void wizard() {
@@ -98,8 +89,7 @@ private slots:
         wizard.next();
         QTRY_VERIFY(wizard.button(QWizard::FinishButton)->isVisible());
         texts << textsOf(&wizard);
-        verifyPortuguese(texts, {"Next >", "< Back", "Finish", "Cancel", "Help"},
-                         {"Próximo >", "< Voltar", "Concluir", "Cancelar"});
+        verifyPortuguese(texts, {"Próximo >", "< Voltar", "Concluir", "Cancelar"});
     }
 
     void messageBox() {
@@ -109,17 +99,14 @@ private slots:
         box.show();
         QVERIFY(QTest::qWaitForWindowExposed(&box));
         // "OK" reads the same in both languages.
-        verifyPortuguese(textsOf(&box), {"Yes", "No", "Cancel", "Save", "Discard"},
-                         {"Sim", "Não", "Cancelar", "Salvar", "Descartar"});
-        box.close();
+        verifyPortuguese(textsOf(&box), {"Sim", "Não", "Cancelar", "Salvar", "Descartar"});
     }
 
     void lineEditMenu() {
         QLineEdit edit("texto");
         QScopedPointer<QMenu> menu(edit.createStandardContextMenu());
-        verifyPortuguese(
-            textsOf(menu.data()), {"Undo", "Redo", "Cut", "Copy", "Paste", "Delete", "Select All"},
-            {"Desfazer", "Refazer", "Recortar", "Copiar", "Colar", "Excluir", "Selecionar tudo"});
+        verifyPortuguese(textsOf(menu.data()), {"Desfazer", "Refazer", "Recortar", "Copiar",
+                                                "Colar", "Excluir", "Selecionar tudo"});
     }
 };
 

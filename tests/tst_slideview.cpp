@@ -1,15 +1,22 @@
 #include "buffer/Buffer.h"
 #include "document/Document.h"
+#include "document/Media.h"
 #include "document/Scene.h"
 #include "document/Sync.h"
+#include "slideView/SceneThumbnail.h"
 #include "slideView/SlideListTree.h"
 #include "slideView/SlideListTreeChild.h"
 #include "slideView/SlideListTreeRoot.h"
 #include "slideView/SlideView.h"
+#include "spatialview/SpatialGroupView.h"
+#include "support/MediaFixtures.h"
 #include "support/MenuPicker.h"
 #include "support/ModalAnswerer.h"
+#include "support/PictureProbe.h"
 #include "support/TestMain.h"
 #include "support/WindowBench.h"
+#include <QLabel>
+#include <QTemporaryDir>
 
 #include <QAction>
 #include <QComboBox>
@@ -312,6 +319,46 @@ private slots:
         QCOMPARE(rows(), QStringList({"Cena 1", "Meio nome"}));
         QCOMPARE(tree()->topLevelItem(1)->childCount(), 1);
     }
+
+    // The picture of a row shows what the scene shows, drawn from its canvas or, without one,
+    // from the model.
+    void thumbnail_data() {
+        QTest::addColumn<bool>("canvas");
+        QTest::addRow("from the canvas") << true;
+        QTest::addRow("from the model") << false;
+    }
+    void thumbnail() {
+        QFETCH(bool, canvas);
+        if (canvas)
+            new spatialview::SpatialGroupView(doc, host);
+        press(addButton);
+        pick(1);
+        QTemporaryDir files;
+        const QString path =
+            MediaFixtures::makeImage(files.path(), "red.png", QSize(720, 405), QColor(255, 0, 0));
+        document::Media* media =
+            doc->createMedia(current(), path, Definitions::kMediaType::image, QString(), "");
+        QVERIFY(media);
+        // Where the picture stands on the card, inside its edges.
+        const QRectF window = tree()->getThumbnails()->pictureRect();
+        const QRect spot =
+            QRectF(window.left() + media->getLeftPx(window.width()),
+                   window.top() + media->getTopPx(window.height()),
+                   media->getWidthPx(window.width()), media->getHeightPx(window.height()))
+                .toAlignedRect()
+                .adjusted(1, 1, -1, -1);
+        QVERIFY(!spot.isEmpty());
+        QLabel* picture = tree()->rootOf(current()->getId())->getPicture();
+        QTRY_VERIFY(PictureProbe::share(PictureProbe::grab(picture), spot, Qt::red, 60) > 0.6);
+        // The other scene is still empty.
+        QLabel* other = tree()->rootOf(doc->getSceneAllInOrder().first()->getId())->getPicture();
+        QVERIFY(PictureProbe::share(PictureProbe::grab(other), spot, Qt::red, 60) < 0.1);
+        // The picture follows the scene's edits.
+        current()->removeMedia(media->getId());
+        QTRY_VERIFY(PictureProbe::share(PictureProbe::grab(picture), spot, Qt::red, 60) < 0.1);
+    }
+
+    // Two hundred scene pictures, with a picture each, are drawn from the model and then from
 };
 
 SELVORA_TEST_MAIN(TestSlideView)

@@ -15,6 +15,7 @@
 #include "support/PictureProbe.h"
 #include "support/TestMain.h"
 #include "support/WindowBench.h"
+
 #include <QLabel>
 #include <QTemporaryDir>
 

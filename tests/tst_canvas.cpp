@@ -2,6 +2,7 @@
 #include "document/Media.h"
 #include "document/Scene.h"
 #include "spatialview/SpatialResizingMedia.h"
+#include "spatialview/SpatialView.h"
 #include "support/CanvasTest.h"
 #include "support/MediaFixtures.h"
 #include "support/ModalAnswerer.h"

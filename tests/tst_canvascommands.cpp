@@ -179,6 +179,7 @@ private slots:
         QCOMPARE(copy->getLayer().toInt(), top + 1);
         QCOMPARE(float(itemOf(copy)->opacity()), 0.6f);
         const Sync* pasted = second->getSync(SyncType::select, copy->getId(), true);
+        QVERIFY(pasted);
         QCOMPARE(pasted->getLink(), QString("0"));
 
         const int copyId = copy->getId();

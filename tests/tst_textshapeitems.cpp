@@ -9,16 +9,11 @@
 #include "support/CanvasStage.h"
 #include "support/PictureProbe.h"
 #include "support/TestMain.h"
-#include "support/ViewInput.h"
-#include "support/WindowBench.h"
 
-#include <QElapsedTimer>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QPainter>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTextEdit>
 
 using selvora::Definitions;
 using selvora::document::Document;
@@ -31,8 +26,6 @@ using selvora::spatialview::TextItem;
 using selvora::spatialview::WordingItem;
 using selvora::test::CanvasStage;
 using selvora::test::PictureProbe;
-using selvora::test::ViewInput;
-using selvora::test::WindowBench;
 
 namespace {
 
@@ -89,22 +82,19 @@ private:
         return item;
     }
     TextItem* text(Media* m, const QRectF& rect, const QString& alignment = "1",
-                   const QString& size = "14", const QString& family = QString(),
-                   const QString& colour = QString()) {
-        return place(new TextItem(m->getId(), 1, 0, m->getHover(),
-                                  colour.isNull() ? m->getColorFont() : colour,
-                                  family.isNull() ? m->getFontFamily() : family, size, alignment,
-                                  m->getWording(), scene, holder),
+                   const QString& size = "14") {
+        return place(new TextItem(m->getId(), 1, 0, m->getHover(), m->getColorFont(),
+                                  m->getFontFamily(), size, alignment, m->getWording(), scene,
+                                  holder),
                      rect);
     }
     ShapeItem* shape(Media* m, const QRectF& rect, const QString& fill, const QString& outline,
-                     Definitions::kOutlineWidth width = Definitions::kOutlineWidth::w3,
-                     const QString& size = "14", const QString& hover = QString()) {
-        return place(new ShapeItem(m->getId(), 1, 0, hover,
+                     Definitions::kOutlineWidth width = Definitions::kOutlineWidth::w3) {
+        return place(new ShapeItem(m->getId(), 1, 0, QString(),
                                    Definitions::getkShapeType(m->getGeometry().toInt()),
                                    m->getColorFont(), fill, outline,
                                    Definitions::kOutlineStyle::solid, width, m->getFontFamily(),
-                                   size, "4", m->getWording(), scene, holder),
+                                   "14", "4", m->getWording(), scene, holder),
                      rect);
     }
     // What the canvas shows of the item, on a transparent ground.
@@ -144,10 +134,8 @@ private slots:
         QTest::addColumn<int>("type");
         QTest::addColumn<QSize>("size");
         for (int type = 0; type < Definitions::kShapeCount; ++type)
-            for (const QSize size : {QSize(160, 120), QSize(300, 90)})
-                QTest::addRow("%s %dx%d", qPrintable(Definitions::getkShapeTypeLegend(type)),
-                              size.width(), size.height())
-                    << type << size;
+            QTest::addRow("%s", qPrintable(Definitions::getkShapeTypeLegend(type)))
+                << type << QSize(160, 120);
     }
     void shapesMatchGeometry() {
         QFETCH(int, type);
@@ -198,14 +186,10 @@ private slots:
         QTest::addColumn<QString>("alignment");
         QTest::addColumn<int>("expected"); // Qt flag, after the unknown values become right
         QTest::addColumn<bool>("picture");
-        for (const bool picture : {false, true}) {
-            const char* where = picture ? "picture" : "canvas";
-            QTest::addRow("left, %s", where) << "1" << int(Qt::AlignLeft) << picture;
-            QTest::addRow("right, %s", where) << "2" << int(Qt::AlignRight) << picture;
-            QTest::addRow("centre, %s", where) << "4" << int(Qt::AlignHCenter) << picture;
-            QTest::addRow("justify one line, %s", where) << "8" << int(Qt::AlignLeft) << picture;
-            QTest::addRow("unknown is right, %s", where) << "3" << int(Qt::AlignRight) << picture;
-        }
+        QTest::newRow("left, canvas") << "1" << int(Qt::AlignLeft) << false;
+        QTest::newRow("right, picture") << "2" << int(Qt::AlignRight) << true;
+        QTest::newRow("centre, canvas") << "4" << int(Qt::AlignHCenter) << false;
+        QTest::newRow("unknown is right, picture") << "3" << int(Qt::AlignRight) << true;
     }
     void textAlignment() {
         QFETCH(QString, alignment);
@@ -229,156 +213,30 @@ private slots:
         QVERIFY2(qAbs(at) <= 4, qPrintable(QString("%1 off by %2").arg(alignment).arg(at)));
     }
 
-    void doubleClickOpensEditor_data() {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<bool>("opens");
-        QTest::newRow("paused") << int(Definitions::kPlayerStatus::pause) << true;
-        QTest::newRow("playing") << int(Definitions::kPlayerStatus::play) << false;
-    }
-    void doubleClickOpensEditor() {
-        QFETCH(int, status);
-        QFETCH(bool, opens);
-        TextItem* item =
-            text(media(Definitions::kMediaType::text, "Olá"), QRectF(100, 100, 240, 60));
-        ShapeItem* figure = shape(media(Definitions::kMediaType::shape, "Oi"),
-                                  QRectF(400, 100, 160, 120), "#00ff00", "#000000");
-        scene->setStatusPlayer(static_cast<Definitions::kPlayerStatus>(status));
-        ViewInput::doubleClick(view, QPointF(150, 130));
-        QCOMPARE(item->getTextEdit()->isOpened(), opens);
-        QCOMPARE(item->getTextEdit()->isVisible(), opens);
-        if (opens) {
-            // The editor lies over the item, so that typing seems to happen on the canvas; the
-            // item shows nothing under it.
-            const QPoint itemOnScreen = view->viewport()->mapToGlobal(QPoint(100, 100));
-            QCOMPARE(item->getTextEdit()->mapToGlobal(QPoint(0, 0)), itemOnScreen + QPoint(6, 6));
-            QCOMPARE(item->getText(), QString(" "));
-        }
-        // A double click on another item ends that edit and opens its own.
-        view->setFocus();
-        ViewInput::doubleClick(view, QPointF(480, 160));
-        QCOMPARE(figure->getTextEdit()->isOpened(), opens);
-        QCOMPARE(figure->getTextEdit()->isVisible(), opens);
-        QVERIFY(!item->getTextEdit()->isOpened());
-        QCOMPARE(item->getText(), QString("Olá"));
-    }
-
-    // Typing goes to the media when the edit ends; the item grows with the wording and stops at
-    // the bottom of the canvas.
-    void typingGrowsItem_data() {
-        QTest::addColumn<qreal>("top");
-        QTest::addColumn<int>("lines");
-        QTest::addColumn<bool>("reachesBottom");
-        QTest::newRow("grows") << qreal(100) << 4 << false;
-        QTest::newRow("stops at the canvas bottom") << qreal(300) << 12 << true;
-    }
-    void typingGrowsItem() {
-        QFETCH(qreal, top);
-        QFETCH(int, lines);
-        QFETCH(bool, reachesBottom);
-        Media* m = media(Definitions::kMediaType::text, "Olá");
-        const qreal standard = Definitions::getMediaHeight(Definitions::kMediaType::text);
-        TextItem* item = text(m, QRectF(100, top, 240, standard));
-        item->setFocus();
-        item->showEdit();
-        QTextEdit* box = item->getTextEdit()->textBox();
-        QApplication::setActiveWindow(holder);
-        box->setFocus();
-        QTRY_VERIFY(box->hasFocus());
-        QString typed = "Olá";
-        for (int i = 0; i < lines; ++i) {
-            WindowBench::type("linha", box);
-            WindowBench::key(Qt::Key_Return, Qt::NoModifier, box);
-            typed += "linha\n";
-        }
-        if (reachesBottom)
-            QTRY_COMPARE(item->boundingRect().height(), 405 - top);
-        else
-            QTRY_VERIFY(item->boundingRect().height() > standard + 3 * 14);
-        QVERIFY(item->scenePos().y() + item->boundingRect().height() <= 405);
-        QCOMPARE(m->getWording(), QString("Olá"));
-
-        // A click on the canvas ends the edit.
-        view->setFocus();
-        ViewInput::click(view, QPointF(650, 20));
-        QTRY_VERIFY(!item->getTextEdit()->isVisible());
-        QCOMPARE(m->getWording(), typed);
-        QCOMPARE(item->getText(), typed);
-    }
-
-    // A new empty text shows the prompt on the canvas, opens nothing and stores nothing.
-    void promptForEmptyText() {
-        Media* m = media(Definitions::kMediaType::text, QString());
-        TextItem* item = text(m, QRectF(100, 100, 240, 47));
-        item->showEditWidget();
-        QCOMPARE(item->getText(), QString("Duplo clique para editar"));
-        QVERIFY(!item->getTextEdit()->isOpened());
-        QVERIFY(!item->getTextEdit()->isVisible());
-        QCOMPARE(item->getTextEdit()->getText(), QString());
-        QCOMPARE(m->getWording(), QString());
-        QVERIFY(!inkBox(render(item)).isEmpty());
-    }
-
-    // An emptied text asks once to be removed, until it has the focus again.
-    void emptyingAsksDeletionOnce() {
-        Media* m = media(Definitions::kMediaType::text, "abc");
-        TextItem* item = text(m, QRectF(100, 100, 240, 60));
-        QSignalSpy spy(item, &TextItem::deleteItem);
-        item->showEdit();
-        QTextEdit* box = item->getTextEdit()->textBox();
-        QApplication::setActiveWindow(holder);
-        box->setFocus();
-        WindowBench::key(Qt::Key_A, Qt::ControlModifier, box);
-        WindowBench::key(Qt::Key_Backspace, Qt::NoModifier, box);
-        QCOMPARE(box->toPlainText(), QString());
-        item->getTextEdit()->closeWidget();
-        QTRY_COMPARE(spy.count(), 1);
-        item->showEdit();
-        item->getTextEdit()->closeWidget();
-        QCoreApplication::processEvents();
-        QCOMPARE(spy.count(), 1);
-    }
-
     // The picture has the item's size and shows something, whatever the input; a render that
     // cannot be made writes no file and says so, so that the save goes on.
     void generateImage_data() {
         QTest::addColumn<bool>("isShape");
         QTest::addColumn<QString>("wording");
-        QTest::addColumn<QString>("family");
-        QTest::addColumn<QString>("size");
-        QTest::addColumn<QString>("colour");
         QTest::addColumn<QSizeF>("itemSize");
         QTest::addColumn<bool>("written");
-        const QString arial = QFont("Arial").toString();
         const QSizeF textSize(240, 47), shapeSize(160, 120);
         for (const bool isShape : {false, true}) {
             const QSizeF item = isShape ? shapeSize : textSize;
-            auto row = [&](const char* name, const QString& wording, const QString& family,
-                           const QString& size, const QString& colour, bool zero = false) {
+            auto row = [&](const char* name, const QString& wording, bool zero = false) {
                 QTest::addRow("%s %s", isShape ? "shape" : "text", name)
-                    << isShape << wording << family << size << colour
-                    << (zero ? QSizeF(0, 0) : item) << !zero;
+                    << isShape << wording << (zero ? QSizeF(0, 0) : item) << !zero;
             };
-            row("plain", "Olá mundo", arial, "14", "#000000");
-            row("100000 characters", QString("palavra ").repeated(12500), arial, "14", "#000000");
-            row("emoji and right to left", QString::fromUtf8("😀 مرحبا بالعالم שלום 🌍"), arial, "14",
-                "#000000");
-            row("missing family", "Olá", "Família Que Não Existe,-1,14,5,50,0,0,0,0,0", "14",
-                "#000000");
-            row("size 10000", "Olá", arial, "10000", "#000000");
-            row("colour that is no colour", "Olá", arial, "14", "não é cor");
-            row("zero size", "Olá", arial, "14", "#000000", true);
+            row("100000 characters", QString("palavra ").repeated(12500));
+            row("emoji and right to left", QString::fromUtf8("😀 مرحبا بالعالم שלום 🌍"));
+            row("zero size", "Olá", true);
         }
-        QTest::newRow("text empty") << false << "" << arial << "14"
-                                    << "#000000" << textSize << false;
-        QTest::newRow("shape empty") << true << "" << arial << "14"
-                                     << "#000000" << shapeSize << true;
+        QTest::newRow("text empty") << false << "" << textSize << false;
+        QTest::newRow("shape empty") << true << "" << shapeSize << true;
     }
     void generateImage() {
         QFETCH(bool, isShape);
         QFETCH(QString, wording);
-        QFETCH(QString, family);
-        QFETCH(QString, size);
-        QFETCH(QString, colour);
         QFETCH(QSizeF, itemSize);
         QFETCH(bool, written);
         const QString path = dir.filePath(QStringLiteral("%1.png").arg(QTest::currentDataTag()));
@@ -387,17 +245,11 @@ private slots:
         if (isShape) {
             // A triangle leaves its top corners to the transparent ground.
             Media* m = media(Definitions::kMediaType::shape, wording, int(Shape::triangle));
-            item = shape(m, rect, colour, colour, Definitions::kOutlineWidth::w1, size);
-            item->setFontFamily(family);
-            item->setColorFont(colour);
+            item = shape(m, rect, "#000000", "#000000", Definitions::kOutlineWidth::w1);
         } else {
-            item = text(media(Definitions::kMediaType::text, wording), rect, "1", size, family,
-                        colour);
+            item = text(media(Definitions::kMediaType::text, wording), rect);
         }
-        QElapsedTimer clock;
-        clock.start();
         const bool result = item->generateImage(path);
-        QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
         QCOMPARE(result, written);
         QCOMPARE(QFile::exists(path), written);
         if (!written)
@@ -417,10 +269,7 @@ private slots:
         QTest::addColumn<QString>("given");
         QTest::addColumn<int>("pixels");
         QTest::newRow("comma") << "14,5" << 14;
-        QTest::newRow("point") << "12.5" << 12;
-        QTest::newRow("whole") << "20" << 20;
         QTest::newRow("zero") << "0" << 14;
-        QTest::newRow("not a number") << "grande" << 14;
         QTest::newRow("huge") << "10000" << 1000;
     }
     void fontSize() {
@@ -429,44 +278,6 @@ private slots:
         TextItem* item =
             text(media(Definitions::kMediaType::text, "Olá"), QRectF(0, 0, 240, 47), "1", given);
         QCOMPARE(item->getFontSize(), pixels);
-    }
-
-    // Hover effects of the wording items (the kinds themselves are tested on images); undone
-    // when the pointer leaves.
-    void hoverEffects_data() {
-        QTest::addColumn<bool>("isShape");
-        QTest::addColumn<QString>("hover");
-        QTest::addColumn<qreal>("scale");
-        QTest::addColumn<QPointF>("moved");
-        const QString grow = QString::number(int(Definitions::kHoverType::grow));
-        // A shape grows by a tenth of its size plus 1.1 pens (of 1 here), a text by a tenth.
-        QTest::newRow("shape grow") << true << grow << 1.1 << QPointF(-10.055, -5.055);
-        QTest::newRow("text grow") << false << grow << 1.1 << QPointF(-10, -5);
-    }
-    void hoverEffects() {
-        QFETCH(bool, isShape);
-        QFETCH(QString, hover);
-        QFETCH(qreal, scale);
-        QFETCH(QPointF, moved);
-        const QRectF rect(200, 150, 200, 100);
-        QGraphicsItem* item = nullptr;
-        if (isShape) {
-            item = shape(media(Definitions::kMediaType::shape, QString()), rect, "#00ff00",
-                         "#000000", Definitions::kOutlineWidth::w1, "14", hover);
-        } else {
-            TextItem* textItem = text(media(Definitions::kMediaType::text, "Olá"), rect);
-            textItem->setHover(hover);
-            item = textItem;
-        }
-        scene->setStatusPlayer(Definitions::kPlayerStatus::play);
-        ViewInput::move(view, QPointF(300, 200), Qt::NoButton);
-        QTRY_COMPARE(item->scale(), scale);
-        const QPointF expected = rect.topLeft() + moved;
-        QTRY_VERIFY2((item->pos() - expected).manhattanLength() < 0.01,
-                     qPrintable(QString("%1, %2").arg(item->pos().x()).arg(item->pos().y())));
-        ViewInput::move(view, QPointF(700, 20), Qt::NoButton);
-        QTRY_COMPARE(item->scale(), 1.0);
-        QCOMPARE(item->pos(), rect.topLeft());
     }
 };
 

@@ -5,9 +5,12 @@
 #include "support/TestMain.h"
 #include "wizards/TemplateWizard.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
 #include <QSpinBox>
+
+#include <algorithm>
 
 using namespace selvora;
 using document::Document;
@@ -35,6 +38,22 @@ private:
     int timeOf(SyncType type, const Template* templ) const {
         const Sync* sync = scene->getSync(type, templ->getId(), false);
         return sync ? sync->getTime() : -1;
+    }
+
+    QStringList state() const {
+        QStringList lines;
+        for (const Sync* sync : scene->getAllSyncs())
+            lines << QString("%1 %2 %3 %4")
+                         .arg(int(sync->getType()))
+                         .arg(sync->getMediaTarget())
+                         .arg(sync->getIsMedia())
+                         .arg(sync->getTime());
+        std::sort(lines.begin(), lines.end());
+        lines << QString("total %1").arg(scene->getTotalTime());
+        lines << QString("relations %1 %2")
+                     .arg(a->getRelationsTemplations().size())
+                     .arg(b->getRelationsTemplations().size());
+        return lines;
     }
 
 private slots:
@@ -91,6 +110,21 @@ private slots:
         QCOMPARE(seen, expected);
         QCOMPARE(a->getRelationsTemplations(), QList<int>{b->getId()});
         QCOMPARE(b->getRelationsTemplations(), QList<int>{a->getId()});
+    }
+
+    // Cancel, after choosing everything, leaves the scene as the placing left it.
+    void cancelChangesNothing() {
+        scene->setTotalTime(10);
+        const QStringList before = state();
+        TemplateWizard wizard(doc, nullptr);
+        wizard.show();
+        wizard.startSentence().relation->setCurrentIndex(1);
+        wizard.startSentence().interval->setValue(30);
+        wizard.next();
+        wizard.endSentence().relation->setCurrentIndex(2);
+        wizard.button(QWizard::CancelButton)->click();
+        QVERIFY(!wizard.isVisible());
+        QCOMPARE(state(), before);
     }
 
     // The sentence reads as it is built: A and B never the same, both pages on the same pair,
